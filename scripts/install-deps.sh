@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Installs the Debian packages Glyphora needs to build, run and test; only the missing
+# ones, so a second run costs nothing. Usage: install-deps.sh [run|test]
+set -euo pipefail
+what=${1:-test}
+
+packages=(cmake g++ make pkg-config qt6-base-dev libfontconfig-dev libfreetype-dev libicu-dev
+          fonts-dejavu-core libwmf-dev)
+packages+=(xvfb xauth xdotool imagemagick)
+if [ "$what" = test ]; then
+  packages+=(printer-driver-cups-pdf cups cups-client poppler-utils clang libclang-rt-14-dev
+             python3 libbenchmark-dev)
+fi
+
+missing=()
+for p in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+sudo_cmd=()
+[ "$(id -u)" -eq 0 ] || sudo_cmd=(sudo)
+export DEBIAN_FRONTEND=noninteractive
+if ! "${sudo_cmd[@]}" apt-get install -y --no-install-recommends "${missing[@]}"; then
+  "${sudo_cmd[@]}" apt-get update
+  "${sudo_cmd[@]}" apt-get install -y --no-install-recommends "${missing[@]}"
+fi

@@ -1,0 +1,26 @@
+// Start-up: the donation splash, then the main window.
+#include "app/debut.h"
+
+#include "app/splash.h"
+#include "app/tglyphora.h"
+#include "components/settings.h"
+
+#include <memory>
+
+namespace debut {
+
+void Main()
+{
+    const QString thanks = Settings::GetSetting(QStringLiteral("Glyphora"), QStringLiteral("Donation"),
+                                                QStringLiteral("Merci"), QString());
+    if (thanks.isEmpty()) {
+        auto splash = std::make_unique<Splash>();
+        splash->exec();
+        splash.reset(); // unloading an already closed splash is harmless
+    }
+    auto* window = new tglyphora;
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->show();
+}
+
+} // namespace debut

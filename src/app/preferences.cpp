@@ -1,0 +1,121 @@
+// Preferences: the look of the samples saved on request and restored at start.
+#include "app/tglyphora.h"
+
+#include "browser/samplebox.h"
+#include "components/conversions.h"
+#include "components/runtimeerror.h"
+#include "components/settings.h"
+
+#include <QColor>
+#include <QComboBox>
+#include <QMessageBox>
+
+namespace {
+
+const QString app = QStringLiteral("Glyphora");
+const QString param = QStringLiteral("Param");
+
+QString read(const QString& key, const QString& def)
+{
+    return Settings::GetSetting(app, param, key, def);
+}
+
+void write(const QString& key, const QString& value)
+{
+    Settings::SaveSetting(app, param, key, value);
+}
+
+// Colours are stored as the platform's 24-bit value: red in the low byte.
+qint32 colourValue(const QColor& colour)
+{
+    return colour.red() | (colour.green() << 8) | (colour.blue() << 16);
+}
+
+QColor colourFromValue(qint32 value)
+{
+    return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF);
+}
+
+} // namespace
+
+void tglyphora::msavepref_Click()
+{
+    write(QStringLiteral("pref"), Conversions::boolText(true));
+    write(QStringLiteral("Gras"), QString::number(ButtonValue(12)));
+    write(QStringLiteral("Italique"), QString::number(ButtonValue(13)));
+    write(QStringLiteral("Barre"), QString::number(ButtonValue(15)));
+    write(QStringLiteral("Souligne"), QString::number(ButtonValue(14)));
+    write(QStringLiteral("CoulTxt"), QString::number(colourValue(Text1->ForeColor())));
+    write(QStringLiteral("CoulFond"), QString::number(colourValue(Text1->BackColor())));
+    write(QStringLiteral("TaillePol"), QString::number(Conversions::roundHalfEven(Text1->font().pointSizeF())));
+    write(QStringLiteral("Texte1"), Text1->text());
+    write(QStringLiteral("Texte2"), Text2->text());
+    if (ButtonValue(8) == 1)
+        write(QStringLiteral("Align"), QStringLiteral("0"));
+    if (ButtonValue(9) == 1)
+        write(QStringLiteral("Align"), QStringLiteral("1"));
+    if (ButtonValue(10) == 1)
+        write(QStringLiteral("Align"), QStringLiteral("2"));
+
+    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Glyphora"),
+                    QStringLiteral("Tous les paramètres tels que la taille de la police, sa couleur, gras ou pas, "
+                                   "italique ou pas, barré ou pas .... ont été sauvegardés et seront restaurés à "
+                                   "chaque lancement de Glyphora"),
+                    QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("MsgBox"));
+    box.exec();
+}
+
+void tglyphora::restorePreferences()
+{
+    if (!Conversions::toBool(read(QStringLiteral("pref"), Conversions::boolText(false))))
+        return;
+
+    setButtonValue(12, Conversions::toInt16(read(QStringLiteral("Gras"), QStringLiteral("0"))));
+    setButtonValue(13, Conversions::toInt16(read(QStringLiteral("Italique"), QStringLiteral("0"))));
+    setButtonValue(15, Conversions::toInt16(read(QStringLiteral("Barre"), QStringLiteral("0"))));
+    setButtonValue(14, Conversions::toInt16(read(QStringLiteral("Souligne"), QStringLiteral("0"))));
+
+    switch (Conversions::toInt16(read(QStringLiteral("Align"), QStringLiteral("0")))) {
+    case 0:
+        setButtonValue(8, 1);
+        alignLeft();
+        break;
+    case 1:
+        setButtonValue(9, 1);
+        alignCentre();
+        break;
+    case 2:
+        setButtonValue(10, 1);
+        alignRight();
+        break;
+    default:
+        break;
+    }
+
+    const qint32 text = Conversions::toInt32(read(QStringLiteral("CoulTxt"), QString::number(colourValue(Text1->ForeColor()))));
+    Text1->setForeColor(colourFromValue(text));
+    Text2->setForeColor(colourFromValue(text));
+    const qint32 back = Conversions::toInt32(read(QStringLiteral("CoulFond"), QString::number(colourValue(Text1->BackColor()))));
+    Text1->setBackColor(colourFromValue(back));
+    Text2->setBackColor(colourFromValue(back));
+
+    const int size = Conversions::toInt16(read(QStringLiteral("TaillePol"), QStringLiteral("15")));
+    for (SampleBox* box : {Text1, Text2}) {
+        QFont font = box->font();
+        if (size > 0)
+            font.setPointSize(size);
+        box->setFont(font);
+    }
+    if (size - 4 < -1 || size - 4 >= Combo1->count())
+        throw RuntimeError(380, QStringLiteral("Combo1"), QStringLiteral("Valeur de propriété incorrecte"));
+    Combo1->setCurrentIndex(size - 4);
+
+    Text1->setText(read(QStringLiteral("Texte1"), Text1->text()));
+    Text2->setText(read(QStringLiteral("Texte2"), Text2->text()));
+
+    applyStrikethrough();
+    applyUnderline();
+    applyItalic();
+    applyBold();
+}

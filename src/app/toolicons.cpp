@@ -1,0 +1,271 @@
+// Toolbar icons painted on a 24x24 grid by a small icon engine.
+#include "app/toolicons.h"
+
+#include <QIconEngine>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPixmap>
+
+namespace {
+
+const QColor ink(0x33, 0x3b, 0x45);
+const QColor blue(0x2f, 0x6f, 0xd0);
+
+void drawFolder(QPainter& p)
+{
+    QPainterPath back;
+    back.moveTo(2, 6); back.lineTo(9, 6); back.lineTo(11, 8); back.lineTo(21, 8);
+    back.lineTo(21, 19); back.lineTo(2, 19); back.closeSubpath();
+    p.setPen(QPen(QColor(0xb0, 0x82, 0x10), 1));
+    p.setBrush(QColor(0xf2, 0xc1, 0x4e));
+    p.drawPath(back);
+    QPainterPath front;
+    front.moveTo(4, 11); front.lineTo(23, 11); front.lineTo(21, 19); front.lineTo(2, 19); front.closeSubpath();
+    p.setBrush(QColor(0xfb, 0xd8, 0x6b));
+    p.drawPath(front);
+    p.setPen(QPen(ink, 1.2));
+    p.setFont(QFont(QStringLiteral("DejaVu Serif"), 1));
+    QFont f = p.font(); f.setPixelSize(8); f.setBold(true); p.setFont(f);
+    p.drawText(QRectF(6, 11, 14, 8), Qt::AlignCenter, QStringLiteral("Aa"));
+}
+
+void drawSave(QPainter& p)
+{
+    p.setPen(QPen(QColor(0x1d, 0x4a, 0x8c), 1));
+    p.setBrush(blue);
+    p.drawRoundedRect(QRectF(3, 3, 18, 18), 2, 2);
+    p.setBrush(Qt::white);
+    p.drawRect(QRectF(6, 3.5, 12, 7));
+    p.setBrush(QColor(0xd9, 0xe4, 0xf5));
+    p.drawRect(QRectF(7, 14, 10, 7));
+    p.setPen(QPen(ink, 1));
+    p.drawLine(QPointF(8, 6), QPointF(16, 6));
+    p.drawLine(QPointF(8, 8.5), QPointF(14, 8.5));
+}
+
+void drawPage(QPainter& p)
+{
+    QPainterPath page;
+    page.moveTo(5, 2); page.lineTo(15, 2); page.lineTo(20, 7); page.lineTo(20, 22); page.lineTo(5, 22); page.closeSubpath();
+    p.setPen(QPen(QColor(0x8a, 0x93, 0x9e), 1));
+    p.setBrush(Qt::white);
+    p.drawPath(page);
+    p.setBrush(QColor(0xe3, 0xe7, 0xec));
+    QPainterPath fold;
+    fold.moveTo(15, 2); fold.lineTo(15, 7); fold.lineTo(20, 7); fold.closeSubpath();
+    p.drawPath(fold);
+}
+
+void drawHtml(QPainter& p)
+{
+    drawPage(p);
+    p.setPen(QPen(QColor(0xd0, 0x4a, 0x2f), 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(Qt::NoBrush);
+    p.drawPolyline(QPolygonF({QPointF(10, 11), QPointF(7, 14.5), QPointF(10, 18)}));
+    p.drawPolyline(QPolygonF({QPointF(15, 11), QPointF(18, 14.5), QPointF(15, 18)}));
+    p.drawLine(QPointF(13.5, 10.5), QPointF(11.5, 18.5));
+}
+
+void drawInfo(QPainter& p)
+{
+    p.setPen(QPen(QColor(0x1d, 0x4a, 0x8c), 1));
+    p.setBrush(blue);
+    p.drawEllipse(QRectF(2.5, 2.5, 19, 19));
+    p.setPen(Qt::NoPen);
+    p.setBrush(Qt::white);
+    p.drawEllipse(QRectF(10.6, 6, 2.8, 2.8));
+    p.drawRoundedRect(QRectF(10.7, 10, 2.6, 8), 1, 1);
+}
+
+void drawPrinter(QPainter& p)
+{
+    p.setPen(QPen(QColor(0x8a, 0x93, 0x9e), 1));
+    p.setBrush(Qt::white);
+    p.drawRect(QRectF(7, 3, 10, 7));
+    p.setPen(QPen(QColor(0x3a, 0x42, 0x4d), 1));
+    p.setBrush(QColor(0x6b, 0x75, 0x82));
+    p.drawRoundedRect(QRectF(2.5, 9, 19, 9), 2, 2);
+    p.setPen(QPen(QColor(0x8a, 0x93, 0x9e), 1));
+    p.setBrush(Qt::white);
+    p.drawRect(QRectF(6.5, 14, 11, 7.5));
+    p.setPen(QPen(ink, 0.9));
+    p.drawLine(QPointF(8.5, 16.5), QPointF(15.5, 16.5));
+    p.drawLine(QPointF(8.5, 19), QPointF(13.5, 19));
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(0x7c, 0xd9, 0x5b));
+    p.drawEllipse(QRectF(17.5, 11, 2, 2));
+}
+
+void drawImage(QPainter& p)
+{
+    p.setPen(QPen(QColor(0x5f, 0x6b, 0x78), 1));
+    p.setBrush(QColor(0xbf, 0xe3, 0xfa));
+    p.drawRect(QRectF(2.5, 4.5, 19, 15));
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(0xf6, 0xc3, 0x2e));
+    p.drawEllipse(QRectF(14.5, 6.5, 4, 4));
+    p.setBrush(QColor(0x3f, 0x9b, 0x4b));
+    QPainterPath hills;
+    hills.moveTo(3, 19); hills.lineTo(9, 10.5); hills.lineTo(13, 15.5); hills.lineTo(15.5, 13); hills.lineTo(21, 19);
+    hills.closeSubpath();
+    p.drawPath(hills);
+    p.setPen(QColor(0x1d, 0x1d, 0x1d));
+    QFont f; f.setFamilies({QStringLiteral("DejaVu Serif")}); f.setPixelSize(9); f.setBold(true);
+    p.setFont(f);
+    p.drawText(QRectF(2.5, 12, 10, 8), Qt::AlignCenter, QStringLiteral("A"));
+}
+
+void drawAlign(QPainter& p, int mode)
+{
+    p.setPen(QPen(ink, 1.8, Qt::SolidLine, Qt::FlatCap));
+    const double lengths[5] = {16, 11, 16, 9, 14};
+    for (int i = 0; i < 5; ++i) {
+        const double len = lengths[i];
+        double x = 4;
+        if (mode == 1) x = 12 - len / 2;
+        if (mode == 2) x = 20 - len;
+        const double y = 5 + i * 3.5;
+        p.drawLine(QPointF(x, y), QPointF(x + len, y));
+    }
+}
+
+void drawLetter(QPainter& p, const QString& letter, bool bold, bool italic, bool underline, bool strike)
+{
+    QFont f;
+    f.setFamilies({QStringLiteral("DejaVu Serif")});
+    f.setPixelSize(17);
+    f.setBold(bold);
+    f.setItalic(italic);
+    p.setFont(f);
+    p.setPen(ink);
+    p.drawText(QRectF(0, 0, 24, underline ? 21 : 24), Qt::AlignCenter, letter);
+    p.setPen(QPen(underline ? blue : QColor(0xd0, 0x3a, 0x2f), 1.6));
+    if (underline)
+        p.drawLine(QPointF(6, 21), QPointF(18, 21));
+    if (strike)
+        p.drawLine(QPointF(4, 12.5), QPointF(20, 12.5));
+}
+
+void drawBackColour(QPainter& p)
+{
+    p.setPen(QPen(QColor(0x8a, 0x93, 0x9e), 1));
+    p.setBrush(QColor(0xfd, 0xe0, 0x47));
+    p.drawRoundedRect(QRectF(2.5, 3.5, 19, 17), 2.5, 2.5);
+    QFont f; f.setFamilies({QStringLiteral("DejaVu Serif")}); f.setPixelSize(13); f.setBold(true);
+    p.setFont(f);
+    p.setPen(ink);
+    p.drawText(QRectF(2.5, 3.5, 19, 17), Qt::AlignCenter, QStringLiteral("ab"));
+}
+
+void drawForeColour(QPainter& p)
+{
+    QFont f; f.setFamilies({QStringLiteral("DejaVu Serif")}); f.setPixelSize(16); f.setBold(true);
+    p.setFont(f);
+    p.setPen(ink);
+    p.drawText(QRectF(0, 0, 24, 18), Qt::AlignCenter, QStringLiteral("A"));
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(0xd9, 0x2b, 0x2b));
+    p.drawRect(QRectF(4, 18, 16, 4));
+}
+
+void drawHelp(QPainter& p)
+{
+    p.setPen(QPen(QColor(0x2b, 0x7a, 0x3d), 1));
+    p.setBrush(QColor(0x3f, 0xa3, 0x55));
+    p.drawEllipse(QRectF(2.5, 2.5, 19, 19));
+    QFont f; f.setFamilies({QStringLiteral("DejaVu Sans")}); f.setPixelSize(14); f.setBold(true);
+    p.setFont(f);
+    p.setPen(Qt::white);
+    p.drawText(QRectF(2.5, 2.5, 19, 19), Qt::AlignCenter, QStringLiteral("?"));
+}
+
+void drawApplication(QPainter& p)
+{
+    p.setPen(Qt::NoPen);
+    QLinearGradient gradient(0, 0, 24, 24);
+    gradient.setColorAt(0, QColor(0x3b, 0x82, 0xe0));
+    gradient.setColorAt(1, QColor(0x1b, 0x3f, 0x8a));
+    p.setBrush(gradient);
+    p.drawRoundedRect(QRectF(1, 1, 22, 22), 5, 5);
+    QFont f; f.setFamilies({QStringLiteral("DejaVu Serif")}); f.setPixelSize(13); f.setBold(true);
+    p.setFont(f);
+    p.setPen(Qt::white);
+    p.drawText(QRectF(1, 1, 22, 22), Qt::AlignCenter, QStringLiteral("Aa"));
+}
+
+class PaintedIcon : public QIconEngine {
+public:
+    explicit PaintedIcon(int which) : m_which(which) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
+    {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setRenderHint(QPainter::TextAntialiasing);
+        painter->translate(rect.topLeft());
+        painter->scale(rect.width() / 24.0, rect.height() / 24.0);
+        if (mode == QIcon::Disabled)
+            painter->setOpacity(0.4);
+        draw(*painter);
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+        return pixmap;
+    }
+
+    QIconEngine* clone() const override { return new PaintedIcon(m_which); }
+
+private:
+    void draw(QPainter& p) const
+    {
+        switch (m_which) {
+        case 0: drawApplication(p); break;
+        case 1: drawFolder(p); break;
+        case 2: drawSave(p); break;
+        case 3: drawHtml(p); break;
+        case 4: drawInfo(p); break;
+        case 5: drawPrinter(p); break;
+        case 6: drawImage(p); break;
+        case 8: drawAlign(p, 0); break;
+        case 9: drawAlign(p, 1); break;
+        case 10: drawAlign(p, 2); break;
+        case 12: drawLetter(p, QStringLiteral("G"), true, false, false, false); break;
+        case 13: drawLetter(p, QStringLiteral("I"), false, true, false, false); break;
+        case 14: drawLetter(p, QStringLiteral("S"), false, false, true, false); break;
+        case 15: drawLetter(p, QStringLiteral("B"), false, false, false, true); break;
+        case 17: drawBackColour(p); break;
+        case 18: drawForeColour(p); break;
+        case 21: drawHelp(p); break;
+        default: break;
+        }
+    }
+
+    int m_which;
+};
+
+} // namespace
+
+namespace ToolIcons {
+
+QIcon buttonIcon(int n)
+{
+    switch (n) {
+    case 7: case 11: case 16: case 19: case 20:
+        return QIcon();
+    default:
+        return QIcon(new PaintedIcon(n));
+    }
+}
+
+QIcon applicationIcon()
+{
+    return QIcon(new PaintedIcon(0));
+}
+
+} // namespace ToolIcons

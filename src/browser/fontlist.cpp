@@ -1,0 +1,187 @@
+// The font list of the main window: filling it, showing the selected font, its events
+// and its sorting.
+#include "app/tglyphora.h"
+
+#include "app/debut.h"
+#include "browser/enumfont.h"
+#include "browser/samplebox.h"
+#include "components/conversions.h"
+#include "components/runtimeerror.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QSignalBlocker>
+#include <QTimer>
+#include <QTreeWidget>
+
+namespace {
+
+// Items compare as text, without regard to case first so that the order reads
+// naturally, then exactly so that the order is total.
+class FontItem : public QTreeWidgetItem {
+public:
+    explicit FontItem(const QString& name) : QTreeWidgetItem(QStringList{name}) {}
+    bool operator<(const QTreeWidgetItem& other) const override
+    {
+        const QString a = text(0), b = other.text(0);
+        const int folded = QString::compare(a, b, Qt::CaseInsensitive);
+        return folded != 0 ? folded < 0 : QString::compare(a, b, Qt::CaseSensitive) < 0;
+    }
+};
+
+const QString alphabetSample = QStringLiteral(
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZ\r\n"
+    "abcdefghijklmnopqrstuvwxyz\r\n"
+    "0123456789\r\n"
+    "&é'(-è_çà)=+°~#{[|`\\^@]}\r\n"
+    "âêûîôäëïöù\r\n"
+    ",?;.:/!§%µ*");
+
+} // namespace
+
+void tglyphora::charge()
+{
+    {
+        const QSignalBlocker blockList(List1);
+        List1->clear();
+    }
+    {
+        const QSignalBlocker blockSizes(Combo1);
+        Combo1->clear();
+    }
+
+    QStringList names;
+    EnumFont::EnumFontFamilies(&EnumFont::EnumFontFamProc, &names);
+    QList<QTreeWidgetItem*> items;
+    items.reserve(names.size());
+    for (const QString& name : names)
+        items.append(new FontItem(name));
+    List1->insertTopLevelItems(0, items);
+    sortList();
+
+    Text1->setText(alphabetSample);
+
+    {
+        const QSignalBlocker blockSizes(Combo1);
+        QStringList sizes;
+        for (int size = 4; size <= 120; ++size)
+            sizes.append(Conversions::signedText(size));
+        Combo1->addItems(sizes);
+        Combo1->setCurrentIndex(-1);
+    }
+    Combo1->setCurrentIndex(9); // size 13, applied through the size box's click
+
+    QTreeWidgetItem* first = List1->topLevelItem(0);
+    if (!first)
+        throw RuntimeError::objectMissing(QStringLiteral("List1"));
+    for (SampleBox* box : {Text1, Text2}) {
+        QFont font = box->font();
+        font.setFamilies({first->text(0)});
+        box->setFont(font);
+    }
+    Text2->setText(QStringLiteral("Texte d'essai"));
+    List1->setCurrentItem(first);
+
+    // Widest name in the window's own font; the list view does not use it.
+    const QFontMetrics metrics(font());
+    int widest = 0;
+    for (const QString& name : names)
+        widest = std::max(widest, metrics.horizontalAdvance(name));
+    m_widestName = widest;
+
+    Panel(5)->setText(QString::number(List1->topLevelItemCount()));
+}
+
+void tglyphora::sortList()
+{
+    List1->sortItems(m_sortKey, m_sortOrder == 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
+    List1->header()->setSortIndicator(m_sortKey, m_sortOrder == 0 ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void tglyphora::ShowSelectedFont()
+{
+    QTreeWidgetItem* item = List1->currentItem();
+    if (!item)
+        throw RuntimeError::objectMissing(QStringLiteral("List1.SelectedItem"));
+    debut::CurrentFaceName = item->text(0);
+
+    QFont pictureFont = Picture1->font();
+    pictureFont.setFamilies({debut::CurrentFaceName});
+    Picture1->setFont(pictureFont);
+    applyFaceAndStyles(debut::CurrentFaceName);
+    // Measured once the samples carry the new face.
+    afficheinfos();
+
+    Panel(1)->setText(debut::CurrentFaceName);
+    Panel(4)->setText(QString::number(List1->indexOfTopLevelItem(item) + 1));
+}
+
+void tglyphora::List1_Click()
+{
+    ShowSelectedFont();
+}
+
+void tglyphora::List1_DblClick()
+{
+    mclipboard_Click();
+}
+
+void tglyphora::List1_KeyUp(int KeyCode, int)
+{
+    switch (KeyCode) {
+    case 33: case 34: case 35: case 36: case 38: case 40:
+        ShowSelectedFont();
+        break;
+    case 27:
+        stopSlideshow();
+        break;
+    default:
+        break; // left and right arrows deliberately leave the samples alone
+    }
+}
+
+void tglyphora::List1_ColumnClick(int ColumnIndex)
+{
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    m_sortKey = ColumnIndex - 1;
+    m_sortOrder = m_sortOrder == 1 ? 0 : 1;
+    sortList();
+    QApplication::restoreOverrideCursor();
+    m_sortKey = ColumnIndex - 1;
+}
+
+void tglyphora::List1_MouseUp(int Button, int, int X, int Y)
+{
+    if (Button == 2)
+        mdivers->popup(List1->viewport()->mapToGlobal(QPoint(X, Y)));
+}
+
+void tglyphora::List1_BeforeLabelEdit(int& Cancel)
+{
+    Cancel = 1;
+}
+
+void tglyphora::ElemPol_Click(int Index)
+{
+    // Every failure in this handler is ignored and the next step runs.
+    try {
+        debut::CurrentFaceName = ElemPol(Index)->text();
+    } catch (const RuntimeError&) {
+    }
+    applyFaceAndStyles(debut::CurrentFaceName);
+    afficheinfos();
+    // Every item bearing exactly that name is selected; the list does not scroll.
+    List1->clearSelection();
+    const bool autoScroll = List1->hasAutoScroll();
+    List1->setAutoScroll(false);
+    for (int i = 0; i < List1->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* item = List1->topLevelItem(i);
+        if (item->text(0) == debut::CurrentFaceName)
+            List1->setCurrentItem(item);
+    }
+    List1->setAutoScroll(autoScroll);
+}

@@ -1,0 +1,150 @@
+// Printer: QPrinter on the default CUPS queue, created on first use.
+#include "components/printer.h"
+
+#include "components/runtimeerror.h"
+#include "components/scalemode.h"
+
+#include <QCoreApplication>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QRegularExpression>
+
+Printer& Printer::instance()
+{
+    static Printer* printer = [] {
+        auto* p = new Printer;
+        // An unended document is sent when the program ends.
+        if (QCoreApplication::instance())
+            QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, [p] { p->EndDoc(); });
+        return p;
+    }();
+    return *printer;
+}
+
+Printer::Printer()
+{
+    m_font.setPointSizeF(12);
+}
+
+Printer::~Printer()
+{
+    EndDoc();
+}
+
+QString Printer::DeviceName()
+{
+    if (!m_resolved) {
+        m_deviceName = QPrinterInfo::defaultPrinterName();
+        m_resolved = true;
+    }
+    return m_deviceName;
+}
+
+bool Printer::isInstalled()
+{
+    return !DeviceName().isEmpty();
+}
+
+QPrinter& Printer::device()
+{
+    if (!m_printer) {
+        if (isInstalled())
+            m_printer = std::make_unique<QPrinter>(QPrinterInfo::printerInfo(DeviceName()), QPrinter::HighResolution);
+        else
+            m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        m_printer->setDocName(QStringLiteral("Glyphora"));
+    }
+    return *m_printer;
+}
+
+void Printer::setFontSize(double points)
+{
+    if (points > 0)
+        m_font.setPointSizeF(points);
+}
+
+void Printer::setScaleMode(int code)
+{
+    if (ScaleMode::isValid(code))
+        m_scaleMode = code;
+    else
+        throw RuntimeError::illegalCall(QStringLiteral("Printer.ScaleMode"));
+}
+
+int Printer::resolution()
+{
+    return device().resolution();
+}
+
+static QStringList splitLines(const QString& text)
+{
+    static const QRegularExpression breaks(QStringLiteral("\r\n|\r|\n"));
+    return text.split(breaks);
+}
+
+double Printer::TextWidth(const QString& text)
+{
+    QPrinter& printer = device();
+    const QFontMetricsF metrics(m_font, &printer);
+    double widest = 0;
+    for (const QString& line : splitLines(text))
+        widest = std::max(widest, metrics.horizontalAdvance(line));
+    return ScaleMode::fromDevicePixels(widest, printer.resolution(), m_scaleMode, false);
+}
+
+double Printer::TextHeight(const QString& text)
+{
+    QPrinter& printer = device();
+    const QFontMetricsF metrics(m_font, &printer);
+    const double height = metrics.lineSpacing() * static_cast<double>(splitLines(text).size());
+    return ScaleMode::fromDevicePixels(height, printer.resolution(), m_scaleMode, true);
+}
+
+void Printer::beginDocument()
+{
+    if (m_painter)
+        return;
+    if (!isInstalled())
+        throw RuntimeError::printerError(QStringLiteral("Printer"));
+    auto painter = std::make_unique<QPainter>();
+    if (!painter->begin(&device()))
+        throw RuntimeError::printerError(QStringLiteral("Printer"));
+    m_painter = std::move(painter);
+    m_y = 0;
+}
+
+void Printer::Print(const QString& text)
+{
+    beginDocument();
+    QPrinter& printer = device();
+    m_painter->setFont(m_font);
+    const QFontMetricsF metrics(m_font, &printer);
+    const double pageHeight = printer.pageLayout().paintRectPixels(printer.resolution()).height();
+    for (const QString& line : splitLines(text)) {
+        if (m_y > 0 && m_y + metrics.height() > pageHeight) {
+            printer.newPage();
+            m_y = 0;
+        }
+        m_painter->drawText(QPointF(0, m_y + metrics.ascent()), line);
+        m_y += metrics.lineSpacing();
+    }
+}
+
+void Printer::EndDoc()
+{
+    if (!m_painter)
+        return;
+    m_painter->end();
+    m_painter.reset();
+    m_y = 0;
+}
+
+void Printer::reset()
+{
+    EndDoc();
+    m_printer.reset();
+    m_resolved = false;
+    m_deviceName.clear();
+}

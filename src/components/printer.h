@@ -1,0 +1,63 @@
+// The program-wide printer: the system's default printer through Qt Print Support.
+// It measures text on the printer's surface in a chosen unit, prints lines in a chosen
+// font with page flow, and sends the document when told to end it (or at exit).
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <memory>
+
+class QPainter;
+class QPaintDevice;
+class QPrinter;
+
+class Printer {
+public:
+    static Printer& instance();
+    ~Printer();
+
+    // The default printer's name; empty when no printer is installed.
+    QString DeviceName();
+    bool isInstalled();
+
+    QFont Font() const { return m_font; }
+    void setFont(const QFont& font) { m_font = font; }
+    void setFontName(const QString& name) { m_font.setFamily(name); }
+    void setFontSize(double points);
+
+    int ScaleMode() const { return m_scaleMode; }
+    void setScaleMode(int code);
+
+    // Pixels per inch of the printer surface (Qt's stand-in surface when there is no
+    // printer, so that measuring still works).
+    int resolution();
+    // Width of the widest line and height of all lines (an empty text is one line), in
+    // the current scale unit, with the current font.
+    double TextWidth(const QString& text);
+    double TextHeight(const QString& text);
+
+    // Prints each line of the text (CR LF, LF or CR separate lines) in the current font,
+    // moving to a new page when a line no longer fits. Throws RuntimeError 482 when
+    // there is no printer.
+    void Print(const QString& text);
+    // Sends the open document, if any, to the printer.
+    void EndDoc();
+    bool hasOpenDocument() const { return m_painter != nullptr; }
+
+    // Forgets the printer so that the next use asks the system again (the default
+    // printer may have changed). An open document is sent first.
+    void reset();
+
+private:
+    Printer();
+    QPrinter& device();
+    void beginDocument();
+
+    std::unique_ptr<QPrinter> m_printer;
+    std::unique_ptr<QPainter> m_painter;
+    QString m_deviceName;
+    bool m_resolved = false;
+    QFont m_font;
+    int m_scaleMode = 1;
+    double m_y = 0; // next line's top, in device pixels
+};
