@@ -22,6 +22,3 @@ void tglyphora::mcreatefile_Click() {}
 void tglyphora::mimpnames_Click() {}
 void tglyphora::mHTML_Click() {}
 void tglyphora::mpagtst_Click() {}
-void tglyphora::minfos_Click() {}
-void tglyphora::mobtain_Click() {}
-void tglyphora::mpreview_Click() {}
