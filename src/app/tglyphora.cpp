@@ -23,6 +23,7 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QStatusBar>
+#include <QThread>
 #include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -531,9 +532,11 @@ void tglyphora::closeEvent(QCloseEvent* event)
 
 void tglyphora::Mquit_Click()
 {
-    // Ends the program at once: no closing or unloading step runs.
+    // Ends the program at once: no closing or unloading step runs. Outside a running
+    // event loop there is no program to end.
     Timer1->stop();
-    QCoreApplication::exit(0);
+    if (QThread::currentThread()->loopLevel() > 0)
+        QCoreApplication::exit(0);
 }
 
 void tglyphora::Toolbar1_ButtonClick(int Index)

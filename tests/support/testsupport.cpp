@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMap>
+#include <QPointer>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -82,13 +83,20 @@ bool hasSetting(const QString& section, const QString& key)
 
 std::shared_ptr<bool> whenModal(std::function<void(QWidget*)> action, int timeoutMs)
 {
+    return whenAnotherModal(nullptr, std::move(action), timeoutMs);
+}
+
+std::shared_ptr<bool> whenAnotherModal(QWidget* current, std::function<void(QWidget*)> action, int timeoutMs)
+{
     auto done = std::make_shared<bool>(false);
     auto* timer = new QTimer;
     auto started = std::make_shared<QElapsedTimer>();
     started->start();
     timer->setInterval(10);
-    QObject::connect(timer, &QTimer::timeout, [timer, action, done, started, timeoutMs] {
-        if (QWidget* modal = QApplication::activeModalWidget()) {
+    QPointer<QWidget> skip(current);
+    QObject::connect(timer, &QTimer::timeout, [timer, action, done, started, timeoutMs, skip, current] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (modal && (current == nullptr || (modal != skip.data()))) {
             timer->stop();
             timer->deleteLater();
             *done = true;

@@ -2,6 +2,8 @@
 // dialogs, running a scenario in a child process, fonts and the PDF printer queue.
 #pragma once
 
+#include <QAbstractButton>
+#include <QMessageBox>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -28,6 +30,8 @@ bool hasSetting(const QString& section, const QString& key);
 // Runs `action` on the next modal widget that appears (polled every 10 ms, up to
 // timeoutMs). Returns a flag that becomes true once the action ran.
 std::shared_ptr<bool> whenModal(std::function<void(QWidget*)> action, int timeoutMs = 10000);
+// The same, for a modal widget other than `current` (a box opened over a dialog).
+std::shared_ptr<bool> whenAnotherModal(QWidget* current, std::function<void(QWidget*)> action, int timeoutMs = 10000);
 // Waits (processing events) until `done` becomes true or the time runs out.
 bool waitFor(const std::function<bool()>& done, int timeoutMs = 10000);
 
