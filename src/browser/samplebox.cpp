@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTextOption>
 
 SampleBox::SampleBox(QWidget* parent) : QPlainTextEdit(parent)
@@ -25,6 +26,15 @@ void SampleBox::setText(const QString& text)
     static const QRegularExpression breaks(QStringLiteral("\r\n|\r"));
     QString plain = text;
     setPlainText(plain.replace(breaks, QStringLiteral("\n")));
+    verticalScrollBar()->setValue(0);
+}
+
+void SampleBox::changeEvent(QEvent* event)
+{
+    QPlainTextEdit::changeEvent(event);
+    // A new font re-wraps the lines; a box whose cursor is at the start shows its start.
+    if (event->type() == QEvent::FontChange && textCursor().position() == 0)
+        verticalScrollBar()->setValue(0);
 }
 
 void SampleBox::setAlignment(int code)

@@ -24,6 +24,7 @@ public:
     void setBackColor(const QColor& color);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
 
