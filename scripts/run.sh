@@ -17,8 +17,9 @@ echo "No display: starting Glyphora under Xvfb; screenshot in $shot"
 xvfb-run -a -s "-screen 0 1280x800x24" bash -c '
   ./build/src/glyphora & pid=$!
   # The donation splash closes by itself after 4 s; then the main window shows.
-  win=$(xdotool search --sync --onlyvisible --name "^Glyphora$" | head -n1)
-  sleep 1.5
-  import -window root "$0"
+  xdotool search --sync --onlyvisible --name "^Glyphora$" >/dev/null
+  sleep 6
+  win=$(xdotool search --onlyvisible --name "^Glyphora$" | tail -n1)
+  import -window "$win" "$0" || import -window root "$0"
   kill $pid' "$shot"
 echo "Screenshot written: $shot"

@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(lines[2], QStringLiteral("Revision\t\t\t0"));
         QVERIFY(lines[3].startsWith(QStringLiteral("Comment\t\t\t")) && lines[3].size() > 10);
         QVERIFY(lines[4].startsWith(QStringLiteral("Company name\t\t")) && !lines[4].endsWith(QLatin1Char('\t')));
-        QCOMPARE(lines[5], QStringLiteral("Exe name\t\t\ttest_about"));
+        QCOMPARE(lines[5], QStringLiteral("Exe name\t\t\tglyphora"));
         QVERIFY(lines[6].startsWith(QStringLiteral("File Description\t\t")));
         QVERIFY(lines[7].startsWith(QStringLiteral("Legal Copyright\t\t")));
         QVERIFY(lines[8].startsWith(QStringLiteral("Legal Trademarks\t\t")));

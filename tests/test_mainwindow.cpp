@@ -47,7 +47,7 @@ int quitScenario(bool withKeys)
     QTimer::singleShot(0, w, [w, withKeys] {
         if (withKeys) {
             w->activateWindow();
-            QTest::qWaitForWindowActive(w);
+            (void)QTest::qWaitForWindowActive(w);
             QTest::keyClick(w, Qt::Key_Q, Qt::ControlModifier);
         } else {
             w->findChild<QAction*>(QStringLiteral("Mquit"))->trigger();

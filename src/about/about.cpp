@@ -5,8 +5,6 @@
 #include "components/cmdialog.h"
 #include "components/version.h"
 
-#include <QCoreApplication>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -44,7 +42,6 @@ QString about::DonationPage() { return QStringLiteral("https://paiement.example.
 
 QStringList about::VersionLines()
 {
-    const QString exeName = QFileInfo(QCoreApplication::applicationFilePath()).completeBaseName();
     const QChar tab = QLatin1Char('\t');
     return {
         QStringLiteral("Major version number") + tab + QString::number(Version::Major),
@@ -52,7 +49,7 @@ QStringList about::VersionLines()
         QStringLiteral("Revision") + QString(3, tab) + QString::number(Version::Revision),
         QStringLiteral("Comment") + QString(3, tab) + QString::fromUtf8(comments),
         QStringLiteral("Company name") + QString(2, tab) + QString::fromUtf8(companyName),
-        QStringLiteral("Exe name") + QString(3, tab) + exeName,
+        QStringLiteral("Exe name") + QString(3, tab) + QString::fromLatin1(Version::ExeName),
         QStringLiteral("File Description") + QString(2, tab) + QString::fromUtf8(fileDescription),
         QStringLiteral("Legal Copyright") + QString(2, tab) + QString::fromUtf8(legalCopyright),
         QStringLiteral("Legal Trademarks") + QString(2, tab) + QString::fromUtf8(legalTrademarks),

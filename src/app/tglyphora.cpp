@@ -422,6 +422,11 @@ void tglyphora::Form_KeyDown(int KeyCode, int)
 
 void tglyphora::keyPressEvent(QKeyEvent* event)
 {
+    if ((event->modifiers() & Qt::KeypadModifier) && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Minus)) {
+        nextSize(event->key() == Qt::Key_Plus ? 1 : -1);
+        event->accept();
+        return;
+    }
     if (event->key() == Qt::Key_Escape) {
         Form_KeyDown(27, shiftState(event->modifiers()));
         event->accept();
