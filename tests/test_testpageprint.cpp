@@ -298,6 +298,34 @@ private Q_SLOTS:
         }
     }
 
+    void aLongSampleFlowsOntoTheNextPages()
+    {
+        Printer::instance().EndDoc();
+        const QString marker = uniqueMarker().right(5); // short: a 120-point line must fit the width
+        QStringList sampleLines;
+        for (int i = 1; i <= 12; ++i)
+            sampleLines.append(QStringLiteral("%1 ").arg(i) + marker);
+        const QDateTime since = QDateTime::currentDateTime();
+        const QStringList messages = printTestPage([&](Ptest& dialog) {
+            select(dialog, {m_sampleFonts.first()});
+            dialog.Text1->setText(sampleLines.join(QStringLiteral("\r\n")));
+            dialog.Combo1->setCurrentIndex(dialog.Combo1->count() - 1); // 120 points
+        });
+        QVERIFY(messages.isEmpty());
+        QVERIFY(!TestSupport::waitForPdf(since).isEmpty());
+        const QStringList pdfs = pdfsContaining(since, marker);
+        QCOMPARE(pdfs.size(), 1);
+        const QString info = runTool(QStringLiteral("pdfinfo"), {pdfs.first()});
+        const int pages = QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(info).captured(1).toInt();
+        QVERIFY2(pages >= 3, qPrintable(info));
+        // Every line is printed whole, in order, none lost at a page break.
+        QStringList printed;
+        for (const PdfLine& line : pdfLines(pdfs.first()))
+            if (line.text.contains(marker))
+                printed.append(line.text);
+        QCOMPARE(printed, sampleLines);
+    }
+
     void noSelectedFontSendsAnEmptyDocumentSilently()
     {
         Printer::instance().EndDoc();
