@@ -223,6 +223,16 @@ private Q_SLOTS:
         m_main->List1->setCurrentItem(m_main->List1->topLevelItem(0));
     }
 
+    void copyNamePutsTheSelectedNameOnTheClipboard()
+    {
+        const QString face = m_main->List1->topLevelItem(2)->text(0);
+        selectFont(face);
+        ModalScript script;
+        menuItem("mclipboard")->trigger();
+        QCOMPARE(QGuiApplication::clipboard()->text(), face);
+        QVERIFY(script.unexpected().isEmpty());
+    }
+
     void testPageCommandShowsThePtestDialogModally()
     {
         const QStringList names = listItems(m_main->List1);

@@ -45,6 +45,7 @@ QComboBox* makeSizeBox(QWidget* parent, const char* name)
     box->setObjectName(QString::fromLatin1(name));
     box->setToolTip(sizeHint);
     box->setMaxVisibleItems(20);
+    box->setMinimumContentsLength(4);
     return box;
 }
 
@@ -120,19 +121,24 @@ void Ptest::buildControls()
 
     auto* right = new QVBoxLayout;
     right->addWidget(stepLabel("2) Sélectionner la police servant à écrire le nom des polices dans l'impression"));
-    right->addWidget(List2, 1);
+    right->addWidget(List2, 3);
+    right->addSpacing(6);
     right->addWidget(stepLabel("3) Entrez le texte à imprimer"));
-    right->addWidget(Text1, 1);
+    right->addWidget(Text1, 2);
+    right->addSpacing(6);
     auto* sizes = new QGridLayout;
     sizes->addWidget(stepLabel("4) Sélectionnez la taille du texte d'essai"), 0, 0);
     sizes->addWidget(Combo1, 0, 1, Qt::AlignTop);
     sizes->addWidget(stepLabel("5) Sélectionnez la taille du texte pour le nom de la police"), 1, 0);
     sizes->addWidget(Combo2, 1, 1, Qt::AlignTop);
     sizes->setColumnStretch(0, 1);
+    sizes->setVerticalSpacing(8);
     right->addLayout(sizes);
+    right->addSpacing(6);
     right->addWidget(Frame1);
 
     auto* columns = new QHBoxLayout;
+    columns->setSpacing(16);
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
     auto* actions = new QHBoxLayout;
@@ -146,6 +152,7 @@ void Ptest::buildControls()
     auto* body = new QVBoxLayout;
     body->setContentsMargins(11, 11, 11, 11);
     body->addLayout(columns, 1);
+    body->addSpacing(8);
     body->addLayout(actions);
     page->addLayout(body, 1);
     page->addWidget(StatusBar1);
