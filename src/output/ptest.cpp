@@ -56,7 +56,8 @@ Ptest::Ptest(QWidget* parent) : QDialog(parent)
     setObjectName(QStringLiteral("Ptest"));
     setWindowTitle(QStringLiteral("Imprimer une page de test"));
     resize(680, 560);
-    buildControls();
+    createControls();
+    arrangeControls();
 }
 
 QLabel* Ptest::stepLabel(const char* caption)
@@ -66,7 +67,7 @@ QLabel* Ptest::stepLabel(const char* caption)
     return label;
 }
 
-void Ptest::buildControls()
+void Ptest::createControls()
 {
     List1 = new QListWidget(this);
     List1->setObjectName(QStringLiteral("List1"));
@@ -110,7 +111,10 @@ void Ptest::buildControls()
     StatusBar1 = new QStatusBar(this);
     StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
     StatusBar1->setSizeGripEnabled(false);
+}
 
+void Ptest::arrangeControls()
+{
     auto* selectionButtons = new QHBoxLayout;
     for (QPushButton* button : {Command1, Command4, Command5})
         selectionButtons->addWidget(button);

@@ -60,7 +60,8 @@ protected:
 
 private:
     QLabel* stepLabel(const char* caption);
-    void buildControls();
+    void createControls();
+    void arrangeControls();
     void showMessage(const QString& text);
     // Applies a selection command to every entry of List1 at once, redrawing it once.
     void walkList1(int command);
