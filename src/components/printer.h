@@ -40,6 +40,9 @@ public:
     // moving to a new page when a line no longer fits. Throws RuntimeError 482 when
     // there is no printer.
     void Print(const QString& text);
+    // Opens the document if none is open, so that ending it sends a job even when
+    // nothing was printed. Throws RuntimeError 482 when there is no printer.
+    void beginDocument();
     // Sends the open document, if any, to the printer.
     void EndDoc();
     bool hasOpenDocument() const { return m_painter != nullptr; }
@@ -51,7 +54,6 @@ public:
 private:
     Printer();
     QPrinter& device();
-    void beginDocument();
 
     std::unique_ptr<QPrinter> m_printer;
     std::unique_ptr<QPainter> m_painter;

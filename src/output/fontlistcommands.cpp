@@ -1,12 +1,65 @@
-// Commands of the "&Divers" menu that export or copy the font list, and the openers
-// of the other windows.
+// Commands of the "&Divers" menu that export or copy the font list, and the opener of
+// the test page dialog.
 #include "app/tglyphora.h"
 
+#include "browser/samplebox.h"
+#include "components/cmdialog.h"
+#include "components/printer.h"
 #include "components/runtimeerror.h"
+#include "output/fontlisttext.h"
+#include "output/ptest.h"
 
 #include <QClipboard>
+#include <QDir>
+#include <QComboBox>
+#include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <QMessageBox>
 #include <QTreeWidget>
+
+namespace {
+
+void inform(QWidget* owner, const QString& text)
+{
+    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Glyphora"), text, QMessageBox::Ok, owner);
+    box.setObjectName(QStringLiteral("MsgBox"));
+    box.exec();
+}
+
+// Yes/No question; only Yes counts.
+bool confirm(QWidget* owner, const QString& text)
+{
+    QMessageBox box(QMessageBox::Question, QStringLiteral("Glyphora"), text, QMessageBox::Yes | QMessageBox::No, owner);
+    box.setObjectName(QStringLiteral("MsgBox"));
+    return box.exec() == QMessageBox::Yes;
+}
+
+// A colour as a 32-bit value: red in the low byte, then green, then blue.
+quint32 colourValue(const QColor& colour)
+{
+    return quint32(colour.red()) | (quint32(colour.green()) << 8) | (quint32(colour.blue()) << 16);
+}
+
+// The run-time error of a file that cannot be opened for output.
+RuntimeError openFailure(const QString& path)
+{
+    const QFileInfo info(path);
+    const int number = info.absoluteDir().exists() ? RuntimeError::PathFileAccess : RuntimeError::PathNotFound;
+    return RuntimeError::fileError(number, path, QStringLiteral("mcreatefile"));
+}
+
+// Runs one statement whose failure is skipped.
+template <typename F>
+void ignoringFailure(F&& statement)
+{
+    try {
+        statement();
+    } catch (const std::exception&) {
+    }
+}
+
+} // namespace
 
 void tglyphora::mclipboard_Click()
 {
@@ -18,7 +71,70 @@ void tglyphora::mclipboard_Click()
     QGuiApplication::clipboard()->setText(item->text(0));
 }
 
-void tglyphora::mcreatefile_Click() {}
-void tglyphora::mimpnames_Click() {}
-void tglyphora::mHTML_Click() {}
-void tglyphora::mpagtst_Click() {}
+void tglyphora::mcreatefile_Click()
+{
+    const QString file = CMDIALOG::ShowFileDialog(
+        this, CMDIALOG::ModeSave, QStringLiteral("Sauvegarder la liste des polices"), QStringLiteral("listepol.txt"),
+        CMDIALOG::BuildFilter({QStringLiteral("Fichier texte"), QStringLiteral("*.txt"), QStringLiteral("Tous"),
+                               QStringLiteral("*.*")}),
+        QStringLiteral("."), QStringLiteral("txt"));
+    if (file.trimmed().isEmpty())
+        return;
+
+    setCursor(Qt::WaitCursor);
+    QFile out(file);
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        unsetCursor();
+        throw openFailure(file);
+    }
+    QStringList names;
+    const int count = List1->topLevelItemCount();
+    names.reserve(count);
+    for (int i = 0; i < count; ++i)
+        names.append(List1->topLevelItem(i)->text(0));
+    const QByteArray bytes = FontListText::listFile(names);
+    const bool written = out.write(bytes) == bytes.size() && out.flush();
+    out.close();
+    unsetCursor();
+    if (!written)
+        throw RuntimeError::fileError(RuntimeError::PathFileAccess, file, QStringLiteral("mcreatefile"));
+}
+
+void tglyphora::mimpnames_Click()
+{
+    if (!confirm(this, QStringLiteral("Etes vous certain(e) ?")))
+        return;
+    // Every failure is skipped statement by statement, the absence of a printer too.
+    // The document stays open: the next ended document carries these lines.
+    Printer& printer = Printer::instance();
+    ignoringFailure([&] { printer.setFont(Combo1->font()); });
+    ignoringFailure([&] { printer.setFontName(Combo1->font().family()); });
+    setCursor(Qt::WaitCursor);
+    const int count = List1->topLevelItemCount();
+    for (int i = 0; i < count; ++i) {
+        const QString name = List1->topLevelItem(i)->text(0);
+        ignoringFailure([&] { printer.Print(name); });
+    }
+    unsetCursor();
+}
+
+void tglyphora::mHTML_Click()
+{
+    QString attribute;
+    if (confirm(this, QStringLiteral("Voulez vous inclure la commande de couleur ?")))
+        attribute = FontListText::colourAttribute(colourValue(Text1->ForeColor()));
+
+    QTreeWidgetItem* item = List1->currentItem();
+    if (!item || List1->indexOfTopLevelItem(item) == -1) {
+        inform(this, QStringLiteral("Vous devez d'abord sélectionner une police dans la liste"));
+        return;
+    }
+    QGuiApplication::clipboard()->setText(FontListText::fontTag(item->text(0), attribute));
+    inform(this, QStringLiteral("La commande HTML a été placée dans le presse papiers"));
+}
+
+void tglyphora::mpagtst_Click()
+{
+    Ptest dialog(this);
+    dialog.exec();
+}

@@ -1,0 +1,362 @@
+// Test page dialog: its six steps, the selection buttons and the three writers behind
+// "&Imprimer" (printer, RTF file, HTML file).
+#include "output/ptest.h"
+
+#include "app/tglyphora.h"
+#include "browser/samplebox.h"
+#include "components/cmdialog.h"
+#include "components/conversions.h"
+#include "components/printer.h"
+#include "output/fontsheet.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QFile>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStatusBar>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString failureText = QStringLiteral("Problème pendant l'impression ou la génération du fichier");
+const QString nothingSelectedText = QStringLiteral("Vous n'avez pas sélectionné de police");
+const QString sizeHint = QStringLiteral("Choisissez une taille ou appuyer sur + ou -");
+
+QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAutoDefault(false);
+    return button;
+}
+
+QComboBox* makeSizeBox(QWidget* parent, const char* name)
+{
+    auto* box = new QComboBox(parent);
+    box->setObjectName(QString::fromLatin1(name));
+    box->setToolTip(sizeHint);
+    box->setMaxVisibleItems(20);
+    box->setMinimumContentsLength(4);
+    return box;
+}
+
+} // namespace
+
+Ptest::Ptest(QWidget* parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("Ptest"));
+    setWindowTitle(QStringLiteral("Imprimer une page de test"));
+    resize(680, 560);
+    createControls();
+    arrangeControls();
+}
+
+QLabel* Ptest::stepLabel(const char* caption)
+{
+    auto* label = new QLabel(QString::fromUtf8(caption), this);
+    label->setWordWrap(true);
+    return label;
+}
+
+void Ptest::createControls()
+{
+    List1 = new QListWidget(this);
+    List1->setObjectName(QStringLiteral("List1"));
+    List1->setSelectionMode(QAbstractItemView::MultiSelection);
+    List1->setUniformItemSizes(true);
+    List2 = new QListWidget(this);
+    List2->setObjectName(QStringLiteral("List2"));
+    List2->setSelectionMode(QAbstractItemView::SingleSelection);
+    List2->setUniformItemSizes(true);
+    Text1 = new SampleBox(this);
+    Text1->setObjectName(QStringLiteral("Text1"));
+    Text1->setText(QStringLiteral("Texte d'essai\r\n"));
+    Combo1 = makeSizeBox(this, "Combo1");
+    Combo2 = makeSizeBox(this, "Combo2");
+
+    Command1 = makeButton(this, "Command1", QStringLiteral("Inverser"));
+    Command4 = makeButton(this, "Command4", QStringLiteral("toutes"));
+    Command5 = makeButton(this, "Command5", QStringLiteral("Déselectionner"));
+    Command2 = makeButton(this, "Command2", QStringLiteral("&Imprimer"));
+    Command3 = makeButton(this, "Command3", QStringLiteral("&Annuler"));
+    connect(Command1, &QPushButton::clicked, this, &Ptest::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &Ptest::Command2_Click);
+    connect(Command3, &QPushButton::clicked, this, &Ptest::Command3_Click);
+    connect(Command4, &QPushButton::clicked, this, &Ptest::Command4_Click);
+    connect(Command5, &QPushButton::clicked, this, &Ptest::Command5_Click);
+
+    Frame1 = new QGroupBox(QStringLiteral("6) Choisissez la destination "), this);
+    Frame1->setObjectName(QStringLiteral("Frame1"));
+    auto* destinations = new QVBoxLayout(Frame1);
+    const char* const optionCaptions[3] = {"Imprimante courante", "Fichier RTF", "Fichier HTML"};
+    for (int i = 0; i < 3; ++i) {
+        m_options[i] = new QRadioButton(QString::fromUtf8(optionCaptions[i]), Frame1);
+        m_options[i]->setObjectName(QStringLiteral("Option1_%1").arg(i));
+        destinations->addWidget(m_options[i]);
+    }
+    m_options[0]->setChecked(true);
+
+    Temp_list = new QListWidget(this);
+    Temp_list->setObjectName(QStringLiteral("Temp_list"));
+    Temp_list->hide();
+    StatusBar1 = new QStatusBar(this);
+    StatusBar1->setObjectName(QStringLiteral("StatusBar1"));
+    StatusBar1->setSizeGripEnabled(false);
+}
+
+void Ptest::arrangeControls()
+{
+    auto* selectionButtons = new QHBoxLayout;
+    for (QPushButton* button : {Command1, Command4, Command5})
+        selectionButtons->addWidget(button);
+    auto* left = new QVBoxLayout;
+    left->addWidget(stepLabel("1) Sélectionnez les polices à imprimer"));
+    left->addWidget(List1, 1);
+    left->addLayout(selectionButtons);
+
+    auto* right = new QVBoxLayout;
+    right->addWidget(stepLabel("2) Sélectionner la police servant à écrire le nom des polices dans l'impression"));
+    right->addWidget(List2, 3);
+    right->addSpacing(6);
+    right->addWidget(stepLabel("3) Entrez le texte à imprimer"));
+    right->addWidget(Text1, 2);
+    right->addSpacing(6);
+    auto* sizes = new QGridLayout;
+    sizes->addWidget(stepLabel("4) Sélectionnez la taille du texte d'essai"), 0, 0);
+    sizes->addWidget(Combo1, 0, 1, Qt::AlignTop);
+    sizes->addWidget(stepLabel("5) Sélectionnez la taille du texte pour le nom de la police"), 1, 0);
+    sizes->addWidget(Combo2, 1, 1, Qt::AlignTop);
+    sizes->setColumnStretch(0, 1);
+    sizes->setVerticalSpacing(8);
+    right->addLayout(sizes);
+    right->addSpacing(6);
+    right->addWidget(Frame1);
+
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(16);
+    columns->addLayout(left, 1);
+    columns->addLayout(right, 1);
+    auto* actions = new QHBoxLayout;
+    actions->addStretch(1);
+    actions->addWidget(Command2);
+    actions->addWidget(Command3);
+
+    auto* page = new QVBoxLayout(this);
+    page->setContentsMargins(0, 0, 0, 0);
+    page->setSpacing(0);
+    auto* body = new QVBoxLayout;
+    body->setContentsMargins(11, 11, 11, 11);
+    body->addLayout(columns, 1);
+    body->addSpacing(8);
+    body->addLayout(actions);
+    page->addLayout(body, 1);
+    page->addWidget(StatusBar1);
+}
+
+QRadioButton* Ptest::Option1(int Index) const
+{
+    return (Index >= 0 && Index < 3) ? m_options[Index] : nullptr;
+}
+
+void Ptest::setVisible(bool visible)
+{
+    if (visible && !m_loaded) {
+        m_loaded = true;
+        Form_Load();
+    }
+    QDialog::setVisible(visible);
+}
+
+void Ptest::Form_Load()
+{
+    QStringList sizes;
+    for (int n = 6; n <= 120; ++n)
+        sizes.append(Conversions::signedText(n));
+    Combo1->addItems(sizes);
+    Combo2->addItems(sizes);
+
+    QStringList names;
+    if (const tglyphora* main = tglyphora::instance()) {
+        const int count = main->List1->topLevelItemCount();
+        names.reserve(count);
+        for (int i = 0; i < count; ++i)
+            names.append(main->List1->topLevelItem(i)->text(0));
+    }
+    List1->addItems(names);
+    List2->addItems(names);
+
+    if (!names.isEmpty()) {
+        // The first font is current in both lists; only List2 selects with it.
+        List1->setCurrentRow(0, QItemSelectionModel::NoUpdate);
+        List2->setCurrentRow(0);
+    }
+    Combo1->setCurrentIndex(4); // size 10
+    Combo2->setCurrentIndex(4);
+}
+
+void Ptest::walkList1(int command)
+{
+    const int count = List1->count();
+    if (count == 0)
+        return;
+    List1->setUpdatesEnabled(false);
+    const QItemSelection all(List1->model()->index(0, 0), List1->model()->index(count - 1, 0));
+    List1->selectionModel()->select(all, QItemSelectionModel::SelectionFlags(command));
+    List1->setUpdatesEnabled(true);
+}
+
+void Ptest::Command1_Click()
+{
+    walkList1(QItemSelectionModel::Toggle);
+}
+
+void Ptest::Command4_Click()
+{
+    walkList1(QItemSelectionModel::Select);
+}
+
+void Ptest::Command5_Click()
+{
+    walkList1(QItemSelectionModel::Deselect);
+}
+
+void Ptest::Command3_Click()
+{
+    reject();
+}
+
+void Ptest::Command2_Click()
+{
+    if (m_options[0]->isChecked()) {
+        imprimer();
+    } else if (m_options[1]->isChecked()) {
+        setCursor(Qt::WaitCursor);
+        genererrtf();
+        unsetCursor();
+    } else if (m_options[2]->isChecked()) {
+        setCursor(Qt::WaitCursor);
+        genererhtml();
+        unsetCursor();
+    }
+    StatusBar1->clearMessage();
+}
+
+QStringList Ptest::selectedFonts() const
+{
+    QStringList fonts;
+    for (int i = 0; i < List1->count(); ++i)
+        if (List1->item(i)->isSelected())
+            fonts.append(List1->item(i)->text());
+    return fonts;
+}
+
+void Ptest::showMessage(const QString& text)
+{
+    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Glyphora"), text, QMessageBox::Ok, this);
+    box.setObjectName(QStringLiteral("MsgBox"));
+    box.exec();
+}
+
+void Ptest::imprimer()
+{
+    Printer& printer = Printer::instance();
+    try {
+        const QString nameFont = List2->currentItem() ? List2->currentItem()->text().trimmed() : QString();
+        const double nameSize = Conversions::leadingNumber(Combo2->currentText());
+        const double sampleSize = Conversions::leadingNumber(Combo1->currentText());
+        // The document is opened even with no font selected: an empty one is sent.
+        printer.beginDocument();
+        for (int i = 0; i < List1->count(); ++i) {
+            if (!List1->item(i)->isSelected())
+                continue;
+            const QString name = List1->item(i)->text();
+            StatusBar1->showMessage(QStringLiteral("Impression de la police ") + name.trimmed());
+            printer.setFontName(nameFont);
+            printer.setFontSize(nameSize);
+            printer.Print(name);
+            printer.setFontName(name.trimmed());
+            printer.setFontSize(sampleSize);
+            printer.Print(Text1->text());
+            printer.Print(QStringLiteral(" "));
+        }
+        printer.EndDoc();
+    } catch (const std::exception&) {
+        StatusBar1->clearMessage();
+        unsetCursor();
+        showMessage(failureText);
+    }
+}
+
+void Ptest::genererrtf()
+{
+    const QString file = CMDIALOG::ShowFileDialog(
+        this, CMDIALOG::ModeSave, QStringLiteral("Sauvegarder vers un fichier RTF"), QStringLiteral("listepol.rtf"),
+        CMDIALOG::BuildFilter({QStringLiteral("Fichier RTF"), QStringLiteral("*.rtf"), QStringLiteral("Tous"),
+                               QStringLiteral("*.*")}),
+        QStringLiteral("."), QStringLiteral("rtf"));
+    if (file.trimmed().isEmpty())
+        return;
+    const QStringList selected = selectedFonts();
+    if (selected.isEmpty()) {
+        unsetCursor();
+        showMessage(nothingSelectedText);
+        return;
+    }
+    setCursor(Qt::WaitCursor);
+    Temp_list->clear();
+    Temp_list->addItems(selected);
+    QStringList fonts;
+    for (int k = 0; k < Temp_list->count(); ++k)
+        fonts.append(Temp_list->item(k)->text());
+
+    // Any failure while building or writing ends the RTF writer without a word.
+    try {
+        const QByteArray sheet = FontSheet::rtf(
+            fonts, List2->currentItem() ? List2->currentItem()->text() : QString(), Text1->text(),
+            Combo1->itemText(Combo1->currentIndex()), Combo2->itemText(Combo2->currentIndex()),
+            [] { QCoreApplication::processEvents(); });
+        QFile out(file);
+        if (out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            out.write(sheet);
+    } catch (const std::exception&) {
+    }
+}
+
+void Ptest::genererhtml()
+{
+    const QString file = CMDIALOG::ShowFileDialog(
+        this, CMDIALOG::ModeSave, QStringLiteral("Sauvegarder vers un fichier HTML"), QStringLiteral("listepol.htm"),
+        CMDIALOG::BuildFilter({QStringLiteral("Fichier html"), QStringLiteral("*.htm"), QStringLiteral("Tous"),
+                               QStringLiteral("*.*")}),
+        QStringLiteral("."), QStringLiteral("htm"));
+    if (file.trimmed().isEmpty())
+        return;
+    const QStringList selected = selectedFonts();
+    if (selected.isEmpty()) {
+        unsetCursor();
+        showMessage(nothingSelectedText);
+        return;
+    }
+    QFile out(file);
+    bool written = out.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    if (written) {
+        setCursor(Qt::WaitCursor);
+        const QString nameFont = List2->currentItem() ? List2->currentItem()->text() : QString();
+        const QByteArray sheet = FontSheet::html(selected, nameFont, Text1->text());
+        written = out.write(sheet) == sheet.size() && out.flush();
+    }
+    if (!written) {
+        StatusBar1->clearMessage();
+        unsetCursor();
+        showMessage(failureText);
+    }
+}

@@ -1,0 +1,71 @@
+// Ptest: the test page dialog. Six steps choose the fonts, the font that writes their
+// names, the sample text, the two sizes and the destination; "&Imprimer" prints the
+// sheet or writes it as an RTF or HTML file.
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QRadioButton;
+class QStatusBar;
+class SampleBox;
+
+class Ptest : public QDialog {
+    Q_OBJECT
+public:
+    explicit Ptest(QWidget* parent = nullptr);
+
+    // The file writers: each asks for a file, then writes the selected fonts' sheet.
+    void genererrtf();
+    void genererhtml();
+    // Prints the selected fonts' sheet on the program's printer and ends the document.
+    void imprimer();
+
+    // The selected entries of List1, in list order.
+    QStringList selectedFonts() const;
+    // Option1(Index): 0 current printer, 1 RTF file, 2 HTML file.
+    QRadioButton* Option1(int Index) const;
+
+    QListWidget* List1 = nullptr;
+    QListWidget* List2 = nullptr;
+    SampleBox* Text1 = nullptr;
+    QComboBox* Combo1 = nullptr;
+    QComboBox* Combo2 = nullptr;
+    QGroupBox* Frame1 = nullptr;
+    QPushButton* Command1 = nullptr;
+    QPushButton* Command2 = nullptr;
+    QPushButton* Command3 = nullptr;
+    QPushButton* Command4 = nullptr;
+    QPushButton* Command5 = nullptr;
+    QListWidget* Temp_list = nullptr;
+    QStatusBar* StatusBar1 = nullptr;
+
+public Q_SLOTS:
+    void Command1_Click(); // "Inverser"
+    void Command2_Click(); // "&Imprimer"
+    void Command3_Click(); // "&Annuler"
+    void Command4_Click(); // "toutes"
+    void Command5_Click(); // "Déselectionner"
+
+public:
+    void setVisible(bool visible) override;
+
+protected:
+    void Form_Load();
+
+private:
+    QLabel* stepLabel(const char* caption);
+    void createControls();
+    void arrangeControls();
+    void showMessage(const QString& text);
+    // Applies a selection command to every entry of List1 at once, redrawing it once.
+    void walkList1(int command);
+
+    QRadioButton* m_options[3] = {};
+    bool m_loaded = false;
+};
