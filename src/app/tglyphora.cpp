@@ -283,6 +283,9 @@ void tglyphora::buildWorkArea()
     List1 = new QTreeWidget(ctlEBSplitter1); // child 1: left pane
     List1->setObjectName(QStringLiteral("List1"));
     List1->setColumnCount(1);
+    // A fixed minimum keeps the header from measuring the widest glyph of every
+    // fallback font, which costs tens of milliseconds with thousands of fonts.
+    List1->header()->setMinimumSectionSize(24);
     List1->setHeaderLabels({QStringLiteral("Nom de la police")});
     List1->setRootIsDecorated(false);
     List1->setUniformRowHeights(true);
