@@ -385,14 +385,29 @@ void tglyphora::Form_Load()
                    QStringLiteral("Caractères"), QStringLiteral("Pouces"), QStringLiteral("Millimètres"),
                    QStringLiteral("Centimètres")};
 
-    const int unit = Conversions::toInt16(
-        Settings::GetSetting(QStringLiteral("Glyphora"), QStringLiteral("Param"), QStringLiteral("unite"), QStringLiteral("6")));
-    munit_Click(unit - 1);
+    // Every step below re-measures the sample; only the last measurement is seen, so
+    // it is the only one made.
+    m_holdMeasure = true;
+    m_measurePending = false;
+    const auto release = [this] {
+        m_holdMeasure = false;
+        if (m_measurePending)
+            afficheinfos();
+    };
+    try {
+        const int unit = Conversions::toInt16(Settings::GetSetting(
+            QStringLiteral("Glyphora"), QStringLiteral("Param"), QStringLiteral("unite"), QStringLiteral("6")));
+        munit_Click(unit - 1);
 
-    charge();
-    ShowSelectedFont();
-    Timer1->stop();
-    restorePreferences();
+        charge();
+        ShowSelectedFont();
+        Timer1->stop();
+        restorePreferences();
+    } catch (...) {
+        m_holdMeasure = false;
+        throw;
+    }
+    release();
 }
 
 void tglyphora::Form_Resize()

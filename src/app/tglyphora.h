@@ -170,4 +170,7 @@ private:
     int m_widestName = 0;
     int m_slidePosition = 0;
     bool m_loaded = false;
+    // While loading, measurements are held and only the last one is made.
+    bool m_holdMeasure = false;
+    bool m_measurePending = false;
 };

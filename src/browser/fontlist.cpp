@@ -41,6 +41,35 @@ const QString alphabetSample = QStringLiteral(
     "âêûîôäëïöù\r\n"
     ",?;.:/!§%µ*");
 
+// The width of the widest text, each measured as one line from its characters'
+// advances (as a single-line calculation without kerning). Advances of the ASCII
+// characters, which make up most font names, are looked up once.
+int widestLine(const QFontMetrics& metrics, const QStringList& texts)
+{
+    int ascii[128];
+    std::fill(std::begin(ascii), std::end(ascii), -1);
+    int widest = 0;
+    for (const QString& text : texts) {
+        int width = 0;
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            const QChar c = text[i];
+            if (c.unicode() < 128) {
+                int& advance = ascii[c.unicode()];
+                if (advance < 0)
+                    advance = metrics.horizontalAdvance(c);
+                width += advance;
+            } else if (c.isHighSurrogate() && i + 1 < text.size()) {
+                width += metrics.horizontalAdvance(text.mid(i, 2));
+                ++i;
+            } else {
+                width += metrics.horizontalAdvance(c);
+            }
+        }
+        widest = std::max(widest, width);
+    }
+    return widest;
+}
+
 } // namespace
 
 void tglyphora::charge()
@@ -87,11 +116,7 @@ void tglyphora::charge()
     List1->setCurrentItem(first);
 
     // Widest name in the window's own font; the list view does not use it.
-    const QFontMetrics metrics(font());
-    int widest = 0;
-    for (const QString& name : names)
-        widest = std::max(widest, metrics.horizontalAdvance(name));
-    m_widestName = widest;
+    m_widestName = widestLine(QFontMetrics(font()), names);
 
     Panel(5)->setText(QString::number(List1->topLevelItemCount()));
 }

@@ -11,6 +11,10 @@
 
 void tglyphora::afficheinfos()
 {
+    if (m_holdMeasure) {
+        m_measurePending = true;
+        return;
+    }
     Printer& printer = Printer::instance();
     printer.setFont(Text2->font());
 
