@@ -19,6 +19,8 @@ constexpr qint64 MaximumFileSize = 256LL * 1024 * 1024;
 
 QImage Load(const QString& path)
 {
+    if (path.isEmpty())
+        return {};
     QFile file(path);
     if (file.size() > MaximumFileSize || !file.open(QIODevice::ReadOnly))
         return {};
