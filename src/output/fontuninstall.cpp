@@ -59,6 +59,8 @@ FontUninstall::FontUninstall(QWidget* parent) : QDialog(parent)
     List1->setSelectionMode(QAbstractItemView::ExtendedSelection);
     List1->setAllColumnsShowFocus(true);
     List1->header()->setStretchLastSection(true);
+    List1->header()->setSectionResizeMode(FamilyColumn, QHeaderView::ResizeToContents);
+    List1->header()->setSectionResizeMode(StyleColumn, QHeaderView::ResizeToContents);
     layout->addWidget(List1, 1);
 
     Label2 = new QLabel(this);
@@ -110,14 +112,14 @@ void FontUninstall::Remplir()
         items.append(item);
     }
     List1->addTopLevelItems(items);
-    List1->resizeColumnToContents(FamilyColumn);
-    List1->resizeColumnToContents(StyleColumn);
     if (files.isEmpty())
         Label2->setText(QStringLiteral("Vous n'avez installé aucune police vous même (répertoire %1).")
                             .arg(QDir::toNativeSeparators(UserFonts::Folder())));
     else
         Label2->setText(QStringLiteral("Nombre de fichiers de polices : %1").arg(files.size()));
     List1_SelectionChanged();
+    // Rows that went away must not linger on screen.
+    List1->viewport()->update();
     QApplication::restoreOverrideCursor();
 }
 
