@@ -6,7 +6,8 @@ what=${1:-test}
 
 packages=(cmake g++ make pkg-config qt6-base-dev libfontconfig-dev libfreetype-dev libicu-dev
           fonts-dejavu-core libwmf-dev)
-packages+=(xvfb xauth xdotool imagemagick)
+# xdg-open hands the user's fonts folder to the desktop's file manager.
+packages+=(xdg-utils xvfb xauth xdotool imagemagick)
 if [ "$what" = test ]; then
   packages+=(printer-driver-cups-pdf cups cups-client poppler-utils clang libclang-rt-14-dev
              python3 libbenchmark-dev)
