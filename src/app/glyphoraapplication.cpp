@@ -4,9 +4,16 @@
 #include "components/errorreport.h"
 #include "components/runtimeerror.h"
 
+#include <QLibraryInfo>
+#include <QTranslator>
+
 GlyphoraApplication::GlyphoraApplication(int& argc, char** argv) : QApplication(argc, argv)
 {
     setApplicationName(QStringLiteral("Glyphora"));
+    // The interface is French whatever the locale: Qt's own dialogs and buttons too.
+    auto* translator = new QTranslator(this);
+    if (translator->load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(translator);
     setOrganizationName(QStringLiteral("Glyphora"));
     setApplicationDisplayName(QStringLiteral("Glyphora"));
 }

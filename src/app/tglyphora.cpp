@@ -110,7 +110,7 @@ tglyphora::~tglyphora() = default;
 
 void tglyphora::buildMenus()
 {
-    auto addItem = [this](QMenu* menu, const char* name, const QString& caption) {
+    auto addItem = [](QMenu* menu, const char* name, const QString& caption) {
         auto* action = menu->addAction(caption);
         action->setObjectName(QString::fromLatin1(name));
         return action;
