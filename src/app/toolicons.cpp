@@ -1,6 +1,7 @@
 // Toolbar icons painted on a 24x24 grid by a small icon engine.
 #include "app/toolicons.h"
 
+#include <QHash>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
@@ -10,6 +11,47 @@ namespace {
 
 const QColor ink(0x33, 0x3b, 0x45);
 const QColor blue(0x2f, 0x6f, 0xd0);
+
+// Letters come from one font at one size, turned into outlines once and scaled: the
+// icons then cost a single font engine however many sizes they are drawn at.
+const QPainterPath& letterPath(const QString& text)
+{
+    static QHash<QString, QPainterPath> paths;
+    auto found = paths.find(text);
+    if (found == paths.end()) {
+        QFont font;
+        font.setFamilies({QStringLiteral("DejaVu Serif")});
+        font.setPixelSize(100);
+        font.setBold(true);
+        font.setStyleStrategy(QFont::NoFontMerging);
+        QPainterPath path;
+        path.addText(0, 0, font, text);
+        found = paths.insert(text, path);
+    }
+    return *found;
+}
+
+// Draws text centred on its ink in box, `height` pixels tall on the 24 grid; a shear
+// slants it like an italic.
+void drawLetters(QPainter& p, const QRectF& box, const QString& text, double height, const QColor& colour,
+                 double shear = 0)
+{
+    const QPainterPath& path = letterPath(text);
+    const QRectF ink = path.boundingRect();
+    if (ink.isEmpty())
+        return;
+    const double scale = height / 100.0;
+    QTransform t;
+    t.translate(box.center().x(), box.center().y());
+    t.shear(-shear, 0);
+    t.scale(scale, scale);
+    t.translate(-ink.center().x(), -ink.center().y());
+    p.save();
+    p.setPen(Qt::NoPen);
+    p.setBrush(colour);
+    p.drawPath(t.map(path));
+    p.restore();
+}
 
 void drawFolder(QPainter& p)
 {
@@ -23,10 +65,7 @@ void drawFolder(QPainter& p)
     front.moveTo(4, 11); front.lineTo(23, 11); front.lineTo(21, 19); front.lineTo(2, 19); front.closeSubpath();
     p.setBrush(QColor(0xfb, 0xd8, 0x6b));
     p.drawPath(front);
-    p.setPen(QPen(ink, 1.2));
-    p.setFont(QFont(QStringLiteral("DejaVu Serif"), 1));
-    QFont f = p.font(); f.setPixelSize(8); f.setBold(true); p.setFont(f);
-    p.drawText(QRectF(6, 11, 14, 8), Qt::AlignCenter, QStringLiteral("Aa"));
+    drawLetters(p, QRectF(6, 11, 14, 8), QStringLiteral("Aa"), 8, ink);
 }
 
 void drawSave(QPainter& p)
@@ -109,10 +148,7 @@ void drawImage(QPainter& p)
     hills.moveTo(3, 19); hills.lineTo(9, 10.5); hills.lineTo(13, 15.5); hills.lineTo(15.5, 13); hills.lineTo(21, 19);
     hills.closeSubpath();
     p.drawPath(hills);
-    p.setPen(QColor(0x1d, 0x1d, 0x1d));
-    QFont f; f.setFamilies({QStringLiteral("DejaVu Serif")}); f.setPixelSize(9); f.setBold(true);
-    p.setFont(f);
-    p.drawText(QRectF(2.5, 12, 10, 8), Qt::AlignCenter, QStringLiteral("A"));
+    drawLetters(p, QRectF(2.5, 12, 10, 8), QStringLiteral("A"), 9, QColor(0x1d, 0x1d, 0x1d));
 }
 
 void drawAlign(QPainter& p, int mode)
@@ -129,16 +165,9 @@ void drawAlign(QPainter& p, int mode)
     }
 }
 
-void drawLetter(QPainter& p, const QString& letter, bool bold, bool italic, bool underline, bool strike)
+void drawLetter(QPainter& p, const QString& letter, bool italic, bool underline, bool strike)
 {
-    QFont f;
-    f.setFamilies({QStringLiteral("DejaVu Serif")});
-    f.setPixelSize(17);
-    f.setBold(bold);
-    f.setItalic(italic);
-    p.setFont(f);
-    p.setPen(ink);
-    p.drawText(QRectF(0, 0, 24, underline ? 21 : 24), Qt::AlignCenter, letter);
+    drawLetters(p, QRectF(0, 0, 24, underline ? 20 : 24), letter, 17, ink, italic ? 0.22 : 0);
     p.setPen(QPen(underline ? blue : QColor(0xd0, 0x3a, 0x2f), 1.6));
     if (underline)
         p.drawLine(QPointF(6, 21), QPointF(18, 21));
@@ -151,18 +180,12 @@ void drawBackColour(QPainter& p)
     p.setPen(QPen(QColor(0x8a, 0x93, 0x9e), 1));
     p.setBrush(QColor(0xfd, 0xe0, 0x47));
     p.drawRoundedRect(QRectF(2.5, 3.5, 19, 17), 2.5, 2.5);
-    QFont f; f.setFamilies({QStringLiteral("DejaVu Serif")}); f.setPixelSize(13); f.setBold(true);
-    p.setFont(f);
-    p.setPen(ink);
-    p.drawText(QRectF(2.5, 3.5, 19, 17), Qt::AlignCenter, QStringLiteral("ab"));
+    drawLetters(p, QRectF(2.5, 3.5, 19, 17), QStringLiteral("ab"), 13, ink);
 }
 
 void drawForeColour(QPainter& p)
 {
-    QFont f; f.setFamilies({QStringLiteral("DejaVu Serif")}); f.setPixelSize(16); f.setBold(true);
-    p.setFont(f);
-    p.setPen(ink);
-    p.drawText(QRectF(0, 0, 24, 18), Qt::AlignCenter, QStringLiteral("A"));
+    drawLetters(p, QRectF(0, 0, 24, 18), QStringLiteral("A"), 16, ink);
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(0xd9, 0x2b, 0x2b));
     p.drawRect(QRectF(4, 18, 16, 4));
@@ -173,10 +196,7 @@ void drawHelp(QPainter& p)
     p.setPen(QPen(QColor(0x2b, 0x7a, 0x3d), 1));
     p.setBrush(QColor(0x3f, 0xa3, 0x55));
     p.drawEllipse(QRectF(2.5, 2.5, 19, 19));
-    QFont f; f.setFamilies({QStringLiteral("DejaVu Sans")}); f.setPixelSize(14); f.setBold(true);
-    p.setFont(f);
-    p.setPen(Qt::white);
-    p.drawText(QRectF(2.5, 2.5, 19, 19), Qt::AlignCenter, QStringLiteral("?"));
+    drawLetters(p, QRectF(2.5, 2.5, 19, 19), QStringLiteral("?"), 14, Qt::white);
 }
 
 void drawApplication(QPainter& p)
@@ -187,10 +207,7 @@ void drawApplication(QPainter& p)
     gradient.setColorAt(1, QColor(0x1b, 0x3f, 0x8a));
     p.setBrush(gradient);
     p.drawRoundedRect(QRectF(1, 1, 22, 22), 5, 5);
-    QFont f; f.setFamilies({QStringLiteral("DejaVu Serif")}); f.setPixelSize(13); f.setBold(true);
-    p.setFont(f);
-    p.setPen(Qt::white);
-    p.drawText(QRectF(1, 1, 22, 22), Qt::AlignCenter, QStringLiteral("Aa"));
+    drawLetters(p, QRectF(1, 1, 22, 22), QStringLiteral("Aa"), 13, Qt::white);
 }
 
 class PaintedIcon : public QIconEngine {
@@ -235,10 +252,10 @@ private:
         case 8: drawAlign(p, 0); break;
         case 9: drawAlign(p, 1); break;
         case 10: drawAlign(p, 2); break;
-        case 12: drawLetter(p, QStringLiteral("G"), true, false, false, false); break;
-        case 13: drawLetter(p, QStringLiteral("I"), false, true, false, false); break;
-        case 14: drawLetter(p, QStringLiteral("S"), false, false, true, false); break;
-        case 15: drawLetter(p, QStringLiteral("B"), false, false, false, true); break;
+        case 12: drawLetter(p, QStringLiteral("G"), false, false, false); break;
+        case 13: drawLetter(p, QStringLiteral("I"), true, false, false); break;
+        case 14: drawLetter(p, QStringLiteral("S"), false, true, false); break;
+        case 15: drawLetter(p, QStringLiteral("B"), false, false, true); break;
         case 17: drawBackColour(p); break;
         case 18: drawForeColour(p); break;
         case 21: drawHelp(p); break;

@@ -110,6 +110,9 @@ void tglyphora::charge()
     for (SampleBox* box : {Text1, Text2}) {
         QFont font = box->font();
         font.setFamilies({first->text(0)});
+        // The samples show the font's own glyphs: a character it lacks is not borrowed
+        // from another font (and no fallback fonts are looked up for each new face).
+        font.setStyleStrategy(QFont::NoFontMerging);
         box->setFont(font);
     }
     Text2->setText(QStringLiteral("Texte d'essai"));

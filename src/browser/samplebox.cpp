@@ -10,11 +10,6 @@
 SampleBox::SampleBox(QWidget* parent) : QPlainTextEdit(parent)
 {
     setTabChangesFocus(true);
-    // The samples show the font's own glyphs: a character it lacks is not borrowed
-    // from another font (and no fallback fonts are looked up for each new face).
-    QFont own = font();
-    own.setStyleStrategy(QFont::NoFontMerging);
-    setFont(own);
     setLineWrapMode(QPlainTextEdit::NoWrap);
 }
 

@@ -21,6 +21,7 @@ void tglyphora::applyFaceAndStyles(const QString& faceName)
     for (SampleBox* box : {Text1, Text2}) {
         QFont font = box->font();
         font.setFamilies({faceName});
+        font.setStyleStrategy(QFont::NoFontMerging);
         font.setBold(ButtonValue(BoldButton) != 0);
         font.setItalic(ButtonValue(ItalicButton) != 0);
         font.setStrikeOut(ButtonValue(StrikeButton) != 0);
