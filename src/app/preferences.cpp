@@ -2,13 +2,14 @@
 #include "app/tglyphora.h"
 
 #include "browser/samplebox.h"
+#include "components/colorvalue.h"
 #include "components/conversions.h"
+#include "components/msgbox.h"
 #include "components/runtimeerror.h"
 #include "components/settings.h"
 
 #include <QColor>
 #include <QComboBox>
-#include <QMessageBox>
 
 namespace {
 
@@ -25,17 +26,6 @@ void write(const QString& key, const QString& value)
     Settings::SaveSetting(app, param, key, value);
 }
 
-// Colours are stored as the platform's 24-bit value: red in the low byte.
-qint32 colourValue(const QColor& colour)
-{
-    return colour.red() | (colour.green() << 8) | (colour.blue() << 16);
-}
-
-QColor colourFromValue(qint32 value)
-{
-    return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF);
-}
-
 } // namespace
 
 void tglyphora::msavepref_Click()
@@ -45,8 +35,8 @@ void tglyphora::msavepref_Click()
     write(QStringLiteral("Italique"), QString::number(ButtonValue(13)));
     write(QStringLiteral("Barre"), QString::number(ButtonValue(15)));
     write(QStringLiteral("Souligne"), QString::number(ButtonValue(14)));
-    write(QStringLiteral("CoulTxt"), QString::number(colourValue(Text1->ForeColor())));
-    write(QStringLiteral("CoulFond"), QString::number(colourValue(Text1->BackColor())));
+    write(QStringLiteral("CoulTxt"), QString::number(ColorValue::fromColor(Text1->ForeColor())));
+    write(QStringLiteral("CoulFond"), QString::number(ColorValue::fromColor(Text1->BackColor())));
     write(QStringLiteral("TaillePol"), QString::number(Conversions::roundHalfEven(Text1->font().pointSizeF())));
     write(QStringLiteral("Texte1"), Text1->text());
     write(QStringLiteral("Texte2"), Text2->text());
@@ -57,13 +47,9 @@ void tglyphora::msavepref_Click()
     if (ButtonValue(10) == 1)
         write(QStringLiteral("Align"), QStringLiteral("2"));
 
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Glyphora"),
-                    QStringLiteral("Tous les paramètres tels que la taille de la police, sa couleur, gras ou pas, "
-                                   "italique ou pas, barré ou pas .... ont été sauvegardés et seront restaurés à "
-                                   "chaque lancement de Glyphora"),
-                    QMessageBox::Ok, this);
-    box.setObjectName(QStringLiteral("MsgBox"));
-    box.exec();
+    MsgBox::Inform(this, QStringLiteral("Tous les paramètres tels que la taille de la police, sa couleur, gras ou pas, "
+                                        "italique ou pas, barré ou pas .... ont été sauvegardés et seront restaurés à "
+                                        "chaque lancement de Glyphora"));
 }
 
 void tglyphora::restorePreferences()
@@ -93,12 +79,12 @@ void tglyphora::restorePreferences()
         break;
     }
 
-    const qint32 text = Conversions::toInt32(read(QStringLiteral("CoulTxt"), QString::number(colourValue(Text1->ForeColor()))));
-    Text1->setForeColor(colourFromValue(text));
-    Text2->setForeColor(colourFromValue(text));
-    const qint32 back = Conversions::toInt32(read(QStringLiteral("CoulFond"), QString::number(colourValue(Text1->BackColor()))));
-    Text1->setBackColor(colourFromValue(back));
-    Text2->setBackColor(colourFromValue(back));
+    const qint32 text = Conversions::toInt32(read(QStringLiteral("CoulTxt"), QString::number(ColorValue::fromColor(Text1->ForeColor()))));
+    Text1->setForeColor(ColorValue::toColor(text));
+    Text2->setForeColor(ColorValue::toColor(text));
+    const qint32 back = Conversions::toInt32(read(QStringLiteral("CoulFond"), QString::number(ColorValue::fromColor(Text1->BackColor()))));
+    Text1->setBackColor(ColorValue::toColor(back));
+    Text2->setBackColor(ColorValue::toColor(back));
 
     const int size = Conversions::toInt16(read(QStringLiteral("TaillePol"), QStringLiteral("15")));
     for (SampleBox* box : {Text1, Text2}) {

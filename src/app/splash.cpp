@@ -44,6 +44,7 @@ Splash::Splash(QWidget* parent) : QDialog(parent)
     Timer1 = new QTimer(this);
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(4000);
+    Timer1->setTimerType(Qt::PreciseTimer); // four seconds, not "about four"
     Timer1->setSingleShot(false);
     connect(Timer1, &QTimer::timeout, this, &Splash::Timer1_Timer);
     Timer1->start(); // enabled from the moment the window is loaded

@@ -3,6 +3,7 @@
 #include "app/tglyphora.h"
 
 #include "app/debut.h"
+#include "components/msgbox.h"
 #include "components/runtimeerror.h"
 #include "output/fontuninstall.h"
 #include "output/launcher.h"
@@ -10,20 +11,8 @@
 #include "samples/charmap.h"
 
 #include <QDir>
-#include <QMessageBox>
 #include <QTreeWidget>
 #include <QUrl>
-
-namespace {
-
-void tell(QWidget* owner, const QString& text)
-{
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Glyphora"), text, QMessageBox::Ok, owner);
-    box.setObjectName(QStringLiteral("MsgBox"));
-    box.exec();
-}
-
-} // namespace
 
 void tglyphora::mopenfoldttf_Click()
 {
@@ -31,7 +20,7 @@ void tglyphora::mopenfoldttf_Click()
     const bool opened = QDir().mkpath(folder)
                         && Launcher::Start(QStringLiteral("xdg-open"), {QUrl::fromLocalFile(folder).toString()});
     if (!opened)
-        tell(this, QStringLiteral("Erreur, impossible d'ouvrir le répertoire..."));
+        MsgBox::Inform(this, QStringLiteral("Erreur, impossible d'ouvrir le répertoire..."));
 }
 
 void tglyphora::mcharmap_Click()
@@ -40,7 +29,7 @@ void tglyphora::mcharmap_Click()
     const QString program = Launcher::FirstInstalled(
         {QStringLiteral("gnome-characters"), QStringLiteral("gucharmap"), QStringLiteral("kcharselect")});
     if (program.isEmpty() || !Launcher::Start(program))
-        tell(this, QStringLiteral("Erreur, CHARMAP.EXE n'est peut être pas installé sur votre ordinateur ?"));
+        MsgBox::Inform(this, QStringLiteral("Erreur, CHARMAP.EXE n'est peut être pas installé sur votre ordinateur ?"));
 }
 
 void tglyphora::mautretable_Click()

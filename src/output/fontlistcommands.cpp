@@ -4,6 +4,8 @@
 
 #include "browser/samplebox.h"
 #include "components/cmdialog.h"
+#include "components/colorvalue.h"
+#include "components/msgbox.h"
 #include "components/printer.h"
 #include "components/runtimeerror.h"
 #include "output/fontlisttext.h"
@@ -15,31 +17,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QTreeWidget>
 
 namespace {
-
-void inform(QWidget* owner, const QString& text)
-{
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Glyphora"), text, QMessageBox::Ok, owner);
-    box.setObjectName(QStringLiteral("MsgBox"));
-    box.exec();
-}
-
-// Yes/No question; only Yes counts.
-bool confirm(QWidget* owner, const QString& text)
-{
-    QMessageBox box(QMessageBox::Question, QStringLiteral("Glyphora"), text, QMessageBox::Yes | QMessageBox::No, owner);
-    box.setObjectName(QStringLiteral("MsgBox"));
-    return box.exec() == QMessageBox::Yes;
-}
-
-// A colour as a 32-bit value: red in the low byte, then green, then blue.
-quint32 colourValue(const QColor& colour)
-{
-    return quint32(colour.red()) | (quint32(colour.green()) << 8) | (quint32(colour.blue()) << 16);
-}
 
 // The run-time error of a file that cannot be opened for output.
 RuntimeError openFailure(const QString& path)
@@ -102,7 +82,7 @@ void tglyphora::mcreatefile_Click()
 
 void tglyphora::mimpnames_Click()
 {
-    if (!confirm(this, QStringLiteral("Etes vous certain(e) ?")))
+    if (!MsgBox::Ask(this, QStringLiteral("Etes vous certain(e) ?")))
         return;
     // Every failure is skipped statement by statement, the absence of a printer too.
     // The document stays open: the next ended document carries these lines.
@@ -121,16 +101,16 @@ void tglyphora::mimpnames_Click()
 void tglyphora::mHTML_Click()
 {
     QString attribute;
-    if (confirm(this, QStringLiteral("Voulez vous inclure la commande de couleur ?")))
-        attribute = FontListText::colourAttribute(colourValue(Text1->ForeColor()));
+    if (MsgBox::Ask(this, QStringLiteral("Voulez vous inclure la commande de couleur ?")))
+        attribute = FontListText::colourAttribute(ColorValue::fromColor(Text1->ForeColor()));
 
     QTreeWidgetItem* item = List1->currentItem();
     if (!item || List1->indexOfTopLevelItem(item) == -1) {
-        inform(this, QStringLiteral("Vous devez d'abord sélectionner une police dans la liste"));
+        MsgBox::Inform(this, QStringLiteral("Vous devez d'abord sélectionner une police dans la liste"));
         return;
     }
     QGuiApplication::clipboard()->setText(FontListText::fontTag(item->text(0), attribute));
-    inform(this, QStringLiteral("La commande HTML a été placée dans le presse papiers"));
+    MsgBox::Inform(this, QStringLiteral("La commande HTML a été placée dans le presse papiers"));
 }
 
 void tglyphora::mpagtst_Click()

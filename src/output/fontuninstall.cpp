@@ -1,6 +1,7 @@
 // Font uninstall window: the list of the user's font files and their removal.
 #include "output/fontuninstall.h"
 
+#include "components/msgbox.h"
 #include "output/userfonts.h"
 
 #include <QApplication>
@@ -18,20 +19,6 @@ namespace {
 
 enum Column { FamilyColumn = 0, StyleColumn = 1, FileColumn = 2 };
 constexpr int PathRole = Qt::UserRole;
-
-int ask(QWidget* owner, const QString& text)
-{
-    QMessageBox box(QMessageBox::Question, QStringLiteral("Glyphora"), text, QMessageBox::Yes | QMessageBox::No, owner);
-    box.setObjectName(QStringLiteral("MsgBox"));
-    return box.exec();
-}
-
-void tell(QWidget* owner, const QString& text)
-{
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Glyphora"), text, QMessageBox::Ok, owner);
-    box.setObjectName(QStringLiteral("MsgBox"));
-    box.exec();
-}
 
 } // namespace
 
@@ -133,7 +120,7 @@ void FontUninstall::Command1_Click()
     const QList<QTreeWidgetItem*> selected = List1->selectedItems();
     if (selected.isEmpty())
         return;
-    if (ask(this, QStringLiteral("Etes vous certain(e) ?")) != QMessageBox::Yes)
+    if (!MsgBox::Ask(this, QStringLiteral("Etes vous certain(e) ?")))
         return;
 
     QStringList failed;
@@ -147,7 +134,7 @@ void FontUninstall::Command1_Click()
     UserFonts::Refresh();
     Remplir();
     if (!failed.isEmpty())
-        tell(this, QStringLiteral("Erreur, impossible de mettre ces fichiers à la corbeille :\n") + failed.join(QLatin1Char('\n')));
+        MsgBox::Inform(this, QStringLiteral("Erreur, impossible de mettre ces fichiers à la corbeille :\n") + failed.join(QLatin1Char('\n')));
 }
 
 void FontUninstall::Command2_Click()

@@ -6,6 +6,7 @@
 #include "browser/samplebox.h"
 #include "components/cmdialog.h"
 #include "components/conversions.h"
+#include "components/msgbox.h"
 #include "components/printer.h"
 #include "output/fontsheet.h"
 
@@ -261,9 +262,7 @@ QStringList Ptest::selectedFonts() const
 
 void Ptest::showMessage(const QString& text)
 {
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Glyphora"), text, QMessageBox::Ok, this);
-    box.setObjectName(QStringLiteral("MsgBox"));
-    box.exec();
+    MsgBox::Inform(this, text);
 }
 
 void Ptest::imprimer()

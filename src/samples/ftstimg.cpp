@@ -6,6 +6,7 @@
 #include "browser/samplebox.h"
 #include "components/cmdialog.h"
 #include "components/conversions.h"
+#include "components/msgbox.h"
 #include "samples/imagelayout.h"
 #include "samples/picturefile.h"
 
@@ -28,13 +29,6 @@ enum StyleButton { BoldButton = 12, ItalicButton = 13, UnderlineButton = 14, Str
 
 const QString automaticCaption = QStringLiteral("Mode Automatique");
 const QString manualCaption = QStringLiteral("Mode Manuel");
-
-void message(QWidget* owner, const QString& text)
-{
-    QMessageBox box(QMessageBox::NoIcon, QStringLiteral("Glyphora"), text, QMessageBox::Ok, owner);
-    box.setObjectName(QStringLiteral("MsgBox"));
-    box.exec();
-}
 
 int buttonsOf(Qt::MouseButtons buttons)
 {
@@ -113,7 +107,7 @@ QImage FtstImg::ReadPicture(QWidget* owner, const QString& path)
 {
     QImage picture = PictureFile::Load(path);
     if (picture.isNull())
-        message(owner, PictureFile::ErrorText(path));
+        MsgBox::Inform(owner, PictureFile::ErrorText(path));
     return picture;
 }
 
@@ -298,7 +292,7 @@ void FtstImg::mmodeautoman_Click()
         mmodeautoman->setText(manualCaption);
         mangle->setEnabled(true);
         updateTitle();
-        message(this, QStringLiteral("C'est à vous de cliquer sur la fenêtre pour afficher le texte. Vous pouvez changer "
+        MsgBox::Inform(this, QStringLiteral("C'est à vous de cliquer sur la fenêtre pour afficher le texte. Vous pouvez changer "
                                      "l'angle en appuyant sur les touches + et - ou aller dans le menu \"Changer l'angle\""));
     } else {
         m_mode = 1;
@@ -322,7 +316,7 @@ void FtstImg::mangle_Click()
     // A cancelled, empty or non-numeric answer reads as 0 and sets the angle to 0.
     const double angle = Conversions::leadingNumber(answer);
     if (!ImageLayout::AcceptsAngle(angle)) {
-        message(this, QStringLiteral("Erreur, l'angle donné n'est pas correct"));
+        MsgBox::Inform(this, QStringLiteral("Erreur, l'angle donné n'est pas correct"));
         return;
     }
     m_rotated.setRotation(static_cast<float>(angle));
