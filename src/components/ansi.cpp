@@ -46,19 +46,27 @@ int codeOf(QChar c)
     return -1;
 }
 
-QByteArray encode(const QString& text)
+void appendEncoded(QByteArray& out, QStringView text)
 {
-    QByteArray bytes(text.size(), Qt::Uninitialized);
+    const qsizetype start = out.size();
+    out.resize(start + text.size());
+    char* bytes = out.data() + start;
     qsizetype n = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text[i];
         // A surrogate pair is one character outside the code page: one "?".
         if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
             ++i;
-        const int code = codeOf(c);
+        const int code = c.unicode() < 0x80 ? c.unicode() : codeOf(c);
         bytes[n++] = code < 0 ? '?' : static_cast<char>(code);
     }
-    bytes.truncate(n);
+    out.truncate(start + n);
+}
+
+QByteArray encode(const QString& text)
+{
+    QByteArray bytes;
+    appendEncoded(bytes, text);
     return bytes;
 }
 

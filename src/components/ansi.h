@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QChar>
 #include <QString>
+#include <QStringView>
 
 namespace Ansi {
 
@@ -17,6 +18,8 @@ QString decode(const QByteArray& bytes);
 QString decode(const char* data, qsizetype size);
 // One byte per character; a character outside the code page becomes "?".
 QByteArray encode(const QString& text);
+// The same, appended to `out`.
+void appendEncoded(QByteArray& out, QStringView text);
 // The code of a character in the code page, or -1 when it has none.
 int codeOf(QChar c);
 

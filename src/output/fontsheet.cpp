@@ -1,26 +1,37 @@
-// RTF and HTML font sheets, assembled by plain concatenation and encoded once.
+// RTF and HTML font sheets, assembled by plain concatenation of their pieces.
 #include "output/fontsheet.h"
 
 #include "components/ansi.h"
 #include "components/conversions.h"
 
+#include <charconv>
 #include <cmath>
 
 namespace FontSheet {
 
 namespace {
 
-const QString crlf = QStringLiteral("\r\n");
-
-QString halfPointText(const QString& sizeText)
-{
-    return QString::number(halfPoints(sizeText));
-}
-
+// The sheets are assembled as bytes: every name and the sample are encoded once, and
+// the pieces appended to one growing buffer.
 void tick(const std::function<void()>& beforeEachFont)
 {
     if (beforeEachFont)
         beforeEachFont();
+}
+
+void appendNumber(QByteArray& out, qsizetype n)
+{
+    char digits[24];
+    const auto end = std::to_chars(digits, digits + sizeof digits, n).ptr;
+    out.append(digits, end - digits);
+}
+
+qsizetype totalSize(const QStringList& texts)
+{
+    qsizetype size = 0;
+    for (const QString& text : texts)
+        size += text.size();
+    return size;
 }
 
 } // namespace
@@ -34,62 +45,91 @@ QByteArray rtf(const QStringList& fonts, const QString& nameFont, const QString&
                const QString& sampleSize, const QString& nameSize,
                const std::function<void()>& beforeEachFont)
 {
-    const QString sampleFs = halfPointText(sampleSize);
-    const QString nameFs = halfPointText(nameSize);
+    const QByteArray sampleFs = QByteArray::number(halfPoints(sampleSize));
+    const QByteArray nameFs = QByteArray::number(halfPoints(nameSize));
+    const QByteArray text = Ansi::encode(sample);
 
-    // Header: the font table, and the number of the font that writes the names.
-    QString header = QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl") + crlf;
-    QString nameFontNumber;
+    QByteArray out;
+    out.reserve(128 + 2 * totalSize(fonts) + fonts.size() * (text.size() + 80));
+
+    // Header: the font table, and the number of the font that writes the names (the
+    // last match wins; with none, the names get a bare "\f").
+    out += "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl\r\n";
+    const QString nameFontTrimmed = nameFont.trimmed();
+    QByteArray nameFontNumber;
     for (qsizetype k = 0; k < fonts.size(); ++k) {
         tick(beforeEachFont);
-        header += QStringLiteral("{\\f") + QString::number(k) + QStringLiteral("\\fnil\\fprq2\\fcharset0 ")
-                  + fonts[k] + QStringLiteral(";}") + crlf;
-        if (fonts[k].trimmed() == nameFont.trimmed())
-            nameFontNumber = QString::number(k);
+        out += "{\\f";
+        appendNumber(out, k);
+        out += "\\fnil\\fprq2\\fcharset0 ";
+        Ansi::appendEncoded(out, fonts[k]);
+        out += ";}\r\n";
+        if (fonts[k].trimmed() == nameFontTrimmed)
+            nameFontNumber = QByteArray::number(k);
     }
+    out += "}\r\n";
+
+    // First paragraph: the first font, its sample deliberately at the name size.
+    out += "\\viewkind4\\uc1\\pard\\fs";
+    out += sampleFs;
+    out += "\\cf1\\fs";
+    out += nameFs;
+    out += "\\f";
+    out += nameFontNumber;
+    out += ' ';
+    if (!fonts.isEmpty())
+        Ansi::appendEncoded(out, fonts.first());
+    out += "\\par\\fs";
+    out += nameFs;
+    out += "\\f0 ";
+    out += text;
+    out += "\\par\\par\r\n\r\n";
 
     // Body: every font but the first gets its name and sample paragraphs.
-    QString body;
     for (qsizetype k = 0; k < fonts.size(); ++k) {
         tick(beforeEachFont);
-        if (k > 0)
-            body += QStringLiteral("\\fs") + nameFs + QStringLiteral("\\f") + nameFontNumber + QLatin1Char(' ')
-                    + fonts[k] + QStringLiteral("\\par") + QStringLiteral("\\fs") + sampleFs + QStringLiteral("\\f")
-                    + QString::number(k) + QLatin1Char(' ') + sample + QStringLiteral("\\par");
-        body += QStringLiteral("\\par") + crlf;
+        if (k > 0) {
+            out += "\\fs";
+            out += nameFs;
+            out += "\\f";
+            out += nameFontNumber;
+            out += ' ';
+            Ansi::appendEncoded(out, fonts[k]);
+            out += "\\par\\fs";
+            out += sampleFs;
+            out += "\\f";
+            appendNumber(out, k);
+            out += ' ';
+            out += text;
+            out += "\\par";
+        }
+        out += "\\par\r\n";
     }
-
-    // First paragraph: the first font, its sample at the name size.
-    const QString first = QStringLiteral("\\viewkind4\\uc1\\pard") + QStringLiteral("\\fs") + sampleFs
-                          + QStringLiteral("\\cf1\\fs") + nameFs + QStringLiteral("\\f") + nameFontNumber
-                          + QLatin1Char(' ') + fonts.value(0) + QStringLiteral("\\par\\fs") + nameFs
-                          + QStringLiteral("\\f0 ") + sample + QStringLiteral("\\par") + QStringLiteral("\\par")
-                          + crlf;
-
-    header += QLatin1Char('}');
-    body += QLatin1Char('}');
-    return Ansi::encode(header + crlf + first + crlf + body + crlf);
+    out += "}\r\n";
+    return out;
 }
 
 QByteArray html(const QStringList& fonts, const QString& nameFont, const QString& sample)
 {
-    QString text;
-    auto line = [&text](const QString& content) { text += content + crlf; };
-    line(QStringLiteral("<HTML>"));
-    line(QStringLiteral("<HEAD>"));
-    line(QStringLiteral("<TITLE>Liste des polices</TITLE>"));
-    line(QStringLiteral("</HEAD>"));
-    line(QStringLiteral("<BODY>"));
-    const QChar quote = QLatin1Char('"');
-    for (const QString& font : fonts) {
-        line(QStringLiteral("<FONT FACE=") + quote + nameFont + quote + QLatin1Char('>') + font
-             + QStringLiteral("</FONT><BR><FONT FACE=") + quote + font + quote + QLatin1Char('>') + sample
-             + QStringLiteral("</FONT>"));
-        line(QStringLiteral("<P>"));
+    const QByteArray text = Ansi::encode(sample);
+    const QByteArray nameFace = Ansi::encode(nameFont);
+
+    QByteArray out;
+    out.reserve(128 + 2 * totalSize(fonts) + fonts.size() * (text.size() + nameFace.size() + 64));
+    out += "<HTML>\r\n<HEAD>\r\n<TITLE>Liste des polices</TITLE>\r\n</HEAD>\r\n<BODY>\r\n";
+    for (const QString& name : fonts) {
+        out += "<FONT FACE=\"";
+        out += nameFace;
+        out += "\">";
+        Ansi::appendEncoded(out, name);
+        out += "</FONT><BR><FONT FACE=\"";
+        Ansi::appendEncoded(out, name);
+        out += "\">";
+        out += text;
+        out += "</FONT>\r\n<P>\r\n";
     }
-    line(QStringLiteral("</BODY>"));
-    line(QStringLiteral("</HTML>"));
-    return Ansi::encode(text);
+    out += "</BODY>\r\n</HTML>\r\n";
+    return out;
 }
 
 } // namespace FontSheet
