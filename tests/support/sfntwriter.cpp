@@ -253,6 +253,12 @@ QString installedTrueTypeFile()
     return QString::fromLocal8Bit(match.readAllStandardOutput()).trimmed();
 }
 
+QByteArray drawable(const QList<Name>& names)
+{
+    static const QByteArray source = readFile(installedTrueTypeFile());
+    return renamed(source, names);
+}
+
 QByteArray readFile(const QString& path)
 {
     QFile file(path);

@@ -69,6 +69,8 @@ QByteArray withCodePages(const QByteArray& font, quint32 codePageRange1, std::op
 
 // An installed TrueType file with real outlines (DejaVu Sans), found through fontconfig.
 QString installedTrueTypeFile();
+// A drawable font: the installed file's outlines under the given names.
+QByteArray drawable(const QList<Name>& names);
 QByteArray readFile(const QString& path);
 bool writeFile(const QString& path, const QByteArray& bytes);
 
