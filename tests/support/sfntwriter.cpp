@@ -239,8 +239,13 @@ QByteArray withCodePages(const QByteArray& source, quint32 codePageRange1, std::
         set16(table, 64, *first);
     if (last)
         set16(table, 66, *last);
-    if (defaultChar && get16(table, 0) >= 2)
+    if (defaultChar) {
+        if (get16(table, 0) < 2) { // usDefaultChar exists from version 2 on
+            table = table.left(86).leftJustified(96, '\0');
+            set16(table, 0, 2);
+        }
         set16(table, 90, *defaultChar);
+    }
     return withTable(source, "OS/2", table);
 }
 

@@ -63,7 +63,8 @@ QByteArray renamed(const QByteArray& font, const QList<Name>& names);
 QList<Name> familyNames(const QString& family, const QString& subfamily = QStringLiteral("Regular"));
 // Changes the first Microsoft Unicode character map (3, 1) into a symbol one (3, 0).
 QByteArray withSymbolCmap(const QByteArray& font);
-// Patches OS/2 ulCodePageRange1 and, when given, the first, last and default characters.
+// Patches OS/2 ulCodePageRange1 and, when given, the first, last and default characters
+// (the table becomes version 2 to hold a default character).
 QByteArray withCodePages(const QByteArray& font, quint32 codePageRange1, std::optional<quint16> first = {},
                          std::optional<quint16> last = {}, std::optional<quint16> defaultChar = {});
 
