@@ -5,6 +5,8 @@
 #include "support/sfntwriter.h"
 #include "support/testsupport.h"
 
+#include <QTemporaryDir>
+
 using namespace TrueType;
 
 namespace {
@@ -394,6 +396,22 @@ private Q_SLOTS:
         QCOMPARE(endCode(readInto(Sfnt::simpleFont(names), tables)), endCode(ReadEnd::Complete));
         QVERIFY(tables.names->store.size() <= 30010);
         QCOMPARE(nameOf(tables, 1).size(), 30000);
+    }
+
+    void readsFromDisk()
+    {
+        QTemporaryDir dir;
+        const QString good = dir.filePath(QStringLiteral("bon.ttf"));
+        const QString empty = dir.filePath(QStringLiteral("vide.ttf"));
+        QVERIFY(Sfnt::writeFile(good, Sfnt::simpleFont(Sfnt::familyNames(QStringLiteral("Disque")), 0x20)));
+        QVERIFY(Sfnt::writeFile(empty, QByteArray()));
+        FontTables tables;
+        QCOMPARE(endCode(readFontFile(good, tables)), endCode(ReadEnd::Complete));
+        QCOMPARE(nameOf(tables, 1), QStringLiteral("Disque"));
+        QCOMPARE(endCode(readFontFile(empty, tables)), endCode(ReadEnd::NoOffsetTable));
+        QCOMPARE(endCode(readFontFile(dir.filePath(QStringLiteral("absent.ttf")), tables)), endCode(ReadEnd::CannotOpen));
+        QCOMPARE(nameOf(tables, 1), QStringLiteral("Disque"));
+        QVERIFY(tables.valid);
     }
 
     void bitsOfTheStyleWord()

@@ -5,13 +5,9 @@
 #include "fontfile/fontregistration.h"
 #include "fontfile/systemlanguage.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
-
-// Largest file read into memory when it cannot be mapped; table offsets are 32-bit.
-constexpr qint64 largestUnmappedRead = 64 * 1024 * 1024;
 
 namespace NameId {
 enum : int { Copyright = 0, Family = 1, SubFamily = 2, UniqueId = 3, Full = 4, Version = 5, Postscript = 6, Trademark = 7 };
@@ -51,22 +47,8 @@ bool CFontPreview::FileExists(const QString& path)
 
 void CFontPreview::ReadFontFile(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    const qint64 size = file.size();
-    if (size <= 0) {
-        TrueType::readFontFile({}, m_tables);
-        return;
-    }
-    if (const uchar* mapped = file.map(0, size)) {
-        TrueType::readFontFile({mapped, std::size_t(size)}, m_tables);
-        file.unmap(const_cast<uchar*>(mapped));
-        return;
-    }
-    const QByteArray bytes = file.read(largestUnmappedRead);
-    TrueType::readFontFile({reinterpret_cast<const std::uint8_t*>(bytes.constData()), std::size_t(bytes.size())},
-                           m_tables);
+    // Reading stops silently at the first error; what was read so far stays.
+    TrueType::readFontFile(path, m_tables);
 }
 
 QString CFontPreview::GetNameString(int nameID) const

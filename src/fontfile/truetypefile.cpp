@@ -1,8 +1,11 @@
-// Table parsers for the four tables the reader needs, each reading like its layout.
+// Table parsers for the four tables the reader needs, each reading like its layout,
+// over a source that hands out byte ranges only when they lie wholly inside the file.
 #include "fontfile/truetypefile.h"
 
 #include "components/ansi.h"
 #include "fontfile/bytereader.h"
+
+#include <QFile>
 
 #include <algorithm>
 
@@ -16,7 +19,66 @@ constexpr std::size_t headSize = 54;
 constexpr std::int64_t headMagicOffset = 12;
 constexpr std::size_t os2BytesThroughFsSelection = 64;
 constexpr std::int64_t fsSelectionOffset = 62;
-constexpr std::uint64_t nameRecordSize = 12;
+constexpr std::int64_t nameHeaderSize = 6;
+constexpr std::int64_t nameRecordSize = 12;
+
+// Where the bytes come from. A range is only copied out after it has been checked
+// against the size, so a count or offset from the file never sizes an allocation
+// beyond the file itself.
+class Source {
+public:
+    virtual ~Source() = default;
+    virtual std::int64_t size() const = 0;
+    bool inside(std::int64_t offset, std::int64_t length) const
+    {
+        return offset >= 0 && length >= 0 && offset <= size() && length <= size() - offset;
+    }
+    // Exactly `length` bytes at `offset`, or false when they are not all in the file.
+    bool read(std::int64_t offset, std::int64_t length, QByteArray& into)
+    {
+        if (!inside(offset, length))
+            return false;
+        into.resize(qsizetype(length));
+        return length == 0 || copy(offset, into.data(), length);
+    }
+
+private:
+    virtual bool copy(std::int64_t offset, char* into, std::int64_t length) = 0;
+};
+
+class MemorySource final : public Source {
+public:
+    explicit MemorySource(std::span<const std::uint8_t> bytes) : m_bytes(bytes) {}
+    std::int64_t size() const override { return std::int64_t(m_bytes.size()); }
+
+private:
+    bool copy(std::int64_t offset, char* into, std::int64_t length) override
+    {
+        std::copy_n(m_bytes.data() + offset, length, into);
+        return true;
+    }
+    std::span<const std::uint8_t> m_bytes;
+};
+
+// A file on disk, read range by range: only the directory and the four tables.
+class FileSource final : public Source {
+public:
+    explicit FileSource(QFile& file) : m_file(file), m_size(file.size()) {}
+    std::int64_t size() const override { return m_size; }
+
+private:
+    bool copy(std::int64_t offset, char* into, std::int64_t length) override
+    {
+        return m_file.seek(offset) && m_file.read(into, length) == length;
+    }
+    QFile& m_file;
+    std::int64_t m_size;
+};
+
+std::span<const std::uint8_t> bytesOf(const QByteArray& data)
+{
+    return {reinterpret_cast<const std::uint8_t*>(data.constData()), std::size_t(data.size())};
+}
 
 struct DirectoryEntry {
     std::uint32_t tag = 0;
@@ -33,16 +95,15 @@ constexpr std::uint32_t headTag = tagOf("head");
 constexpr std::uint32_t nameTag = tagOf("name");
 constexpr std::uint32_t os2Tag = tagOf("OS/2");
 
-// The directory is a view into the file, checked once as a whole; entries are read
-// on access, so numTables never becomes an allocation.
+// The directory's bytes, read once as a whole; entries are decoded on access.
 class Directory {
 public:
-    Directory(std::span<const std::uint8_t> file, int count) : m_file(file), m_count(count) {}
-    int count() const { return m_count; }
+    explicit Directory(QByteArray bytes) : m_bytes(std::move(bytes)) {}
+    int count() const { return int(m_bytes.size() / directoryEntrySize); }
     DirectoryEntry entry(int index) const
     {
-        ByteReader reader(m_file);
-        reader.seek(offsetTableSize + index * directoryEntrySize);
+        ByteReader reader(bytesOf(m_bytes));
+        reader.seek(index * directoryEntrySize);
         DirectoryEntry entry;
         entry.tag = reader.u32().value_or(0);
         reader.skip(4); // checkSum, never verified
@@ -51,44 +112,42 @@ public:
     }
 
 private:
-    std::span<const std::uint8_t> m_file;
-    int m_count;
+    QByteArray m_bytes;
 };
 
-std::optional<Directory> readDirectory(std::span<const std::uint8_t> file, ReadEnd& end)
+std::optional<Directory> readDirectory(Source& file, ReadEnd& end)
 {
-    ByteReader reader(file);
-    const bool version = reader.skip(4); // sfnt version, not checked
-    const auto numTables = reader.i16();
-    if (!version || !numTables || !reader.skip(6)) { // searchRange, entrySelector, rangeShift
+    QByteArray offsetTable;
+    if (!file.read(0, offsetTableSize, offsetTable)) {
         end = ReadEnd::NoOffsetTable;
         return std::nullopt;
     }
-    if (*numTables <= 0) {
+    ByteReader reader(bytesOf(offsetTable));
+    reader.skip(4); // sfnt version, not checked; searchRange and the rest are not used
+    const std::int16_t numTables = *reader.i16();
+    if (numTables <= 0) {
         end = ReadEnd::BadTableCount;
         return std::nullopt;
     }
-    if (!reader.skip(std::size_t(*numTables) * directoryEntrySize)) {
+    QByteArray entries;
+    if (!file.read(offsetTableSize, numTables * directoryEntrySize, entries)) {
         end = ReadEnd::DirectoryOutside;
         return std::nullopt;
     }
-    return Directory(file, *numTables);
+    return Directory(std::move(entries));
 }
 
 // The valid flag from the first head entry; unchanged when there is none.
-ReadEnd readHead(std::span<const std::uint8_t> file, const Directory& directory, FontTables& tables)
+ReadEnd readHead(Source& file, const Directory& directory, FontTables& tables)
 {
     for (int i = 0; i < directory.count(); ++i) {
         const DirectoryEntry entry = directory.entry(i);
         if (entry.tag != headTag)
             continue;
-        ByteReader reader(file);
-        if (!reader.seek(entry.offset))
+        QByteArray head;
+        if (!file.read(entry.offset, headSize, head))
             return ReadEnd::HeadOutside;
-        const auto head = reader.bytes(headSize);
-        if (!head)
-            return ReadEnd::HeadOutside;
-        ByteReader fields(*head);
+        ByteReader fields(bytesOf(head));
         fields.seek(headMagicOffset);
         tables.valid = fields.u32() == headMagic;
         return ReadEnd::Complete;
@@ -96,21 +155,17 @@ ReadEnd readHead(std::span<const std::uint8_t> file, const Directory& directory,
     return ReadEnd::Complete;
 }
 
-std::optional<NameRecord> readNameRecord(ByteReader& reader)
+NameRecord readNameRecord(ByteReader& reader)
 {
     NameRecord r;
-    for (std::int16_t* field : {&r.platformID, &r.encodingID, &r.languageID, &r.nameID, &r.length, &r.offset}) {
-        const auto value = reader.i16();
-        if (!value)
-            return std::nullopt;
-        *field = *value;
-    }
+    for (std::int16_t* field : {&r.platformID, &r.encodingID, &r.languageID, &r.nameID, &r.length, &r.offset})
+        *field = reader.i16().value_or(0);
     return r;
 }
 
 // Where each string lies, in record order, up to the first one that cannot be read;
-// the strings from there on stay empty. The covered bytes are copied once.
-ReadEnd readNameStrings(std::span<const std::uint8_t> file, std::int64_t storageStart, NameTable& table)
+// the strings from there on stay empty. The bytes they cover are read once.
+ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& table)
 {
     ReadEnd end = ReadEnd::Complete;
     std::int64_t first = -1;
@@ -125,18 +180,17 @@ ReadEnd readNameStrings(std::span<const std::uint8_t> file, std::int64_t storage
             break;
         }
         const std::int64_t start = storageStart + record.offset;
-        if (start < 0 || start > std::int64_t(file.size()) || record.length > std::int64_t(file.size()) - start) {
+        if (!file.inside(start, record.length)) {
             end = ReadEnd::StringOutside;
             break;
         }
         first = first < 0 ? start : std::min(first, start);
         last = std::max(last, start + record.length);
     }
-    if (first < 0)
-        return end;
-    // Offsets are signed 16-bit words around the table's own offset, so this copy is
+    // Offsets are signed 16-bit words around the table's own offset, so this read is
     // at most about 160 KB whatever the counts say.
-    table.store = QByteArray(reinterpret_cast<const char*>(file.data() + first), qsizetype(last - first));
+    if (first < 0 || !file.read(first, last - first, table.store))
+        return end;
     for (qsizetype i = 0; i < readable; ++i) {
         const NameRecord& record = table.records[i];
         if (record.length > 0)
@@ -145,43 +199,43 @@ ReadEnd readNameStrings(std::span<const std::uint8_t> file, std::int64_t storage
     return end;
 }
 
-ReadEnd readNameTable(std::span<const std::uint8_t> file, std::int32_t tableOffset, FontTables& tables)
+ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables)
 {
-    ByteReader reader(file);
-    if (!reader.seek(tableOffset))
+    QByteArray header;
+    if (!file.read(tableOffset, nameHeaderSize, header))
         return ReadEnd::NameHeaderOutside;
-    const auto format = reader.u16(); // not checked
-    const auto count = reader.i16();
-    const auto stringOffset = reader.i16();
-    if (!format || !count || !stringOffset)
-        return ReadEnd::NameHeaderOutside;
-    if (*count <= 0)
+    ByteReader fields(bytesOf(header));
+    fields.skip(2); // format, not checked
+    const std::int16_t count = *fields.i16();
+    const std::int16_t stringOffset = *fields.i16();
+    if (count <= 0)
         return ReadEnd::BadNameCount;
-    if (std::uint64_t(*count) * nameRecordSize > reader.remaining())
+    QByteArray recordBytes;
+    if (!file.read(std::int64_t(tableOffset) + nameHeaderSize, count * nameRecordSize, recordBytes))
         return ReadEnd::NameRecordsOutside;
 
     NameTable table;
-    table.records.reserve(*count); // bounded by the bytes just checked
-    for (int i = 0; i < *count; ++i)
-        table.records.append(*readNameRecord(reader));
-    table.strings.resize(*count);
+    ByteReader records(bytesOf(recordBytes));
+    table.records.reserve(count);
+    for (int i = 0; i < count; ++i)
+        table.records.append(readNameRecord(records));
+    table.strings.resize(count);
     tables.names = std::move(table);
-    return readNameStrings(file, std::int64_t(tableOffset) + *stringOffset, *tables.names);
+    return readNameStrings(file, std::int64_t(tableOffset) + stringOffset, *tables.names);
 }
 
-ReadEnd readStyleWord(std::span<const std::uint8_t> file, std::int32_t tableOffset, FontTables& tables)
+ReadEnd readStyleWord(Source& file, std::int32_t tableOffset, FontTables& tables)
 {
-    ByteReader reader(file);
-    if (!reader.seek(tableOffset) || reader.remaining() < os2BytesThroughFsSelection)
+    QByteArray os2;
+    if (!file.read(tableOffset, os2BytesThroughFsSelection, os2))
         return ReadEnd::OS2Outside;
-    reader.skip(fsSelectionOffset);
-    tables.styleWord = *reader.i16();
+    ByteReader fields(bytesOf(os2));
+    fields.seek(fsSelectionOffset);
+    tables.styleWord = *fields.i16();
     return ReadEnd::Complete;
 }
 
-} // namespace
-
-ReadEnd readFontFile(std::span<const std::uint8_t> file, FontTables& tables)
+ReadEnd readTables(Source& file, FontTables& tables)
 {
     ReadEnd end = ReadEnd::Complete;
     const auto directory = readDirectory(file, end);
@@ -201,6 +255,23 @@ ReadEnd readFontFile(std::span<const std::uint8_t> file, FontTables& tables)
             return end;
     }
     return ReadEnd::Complete;
+}
+
+} // namespace
+
+ReadEnd readFontFile(std::span<const std::uint8_t> file, FontTables& tables)
+{
+    MemorySource source(file);
+    return readTables(source, tables);
+}
+
+ReadEnd readFontFile(const QString& path, FontTables& tables)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return ReadEnd::CannotOpen;
+    FileSource source(file);
+    return readTables(source, tables);
 }
 
 qsizetype decodedLength(std::span<const std::uint8_t> bytes)

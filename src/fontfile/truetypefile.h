@@ -26,7 +26,7 @@ struct NameRecord {
 
 // The records of the last name table read, and where each string's bytes lie in
 // `store` (a copy of the part of the file the strings came from). A string of
-// length 0, or one that could not be read, is empty.
+// length 0, or one that could not be read, is empty. Strings are decoded on demand.
 struct NameTable {
     struct Bytes {
         qsizetype start = 0;
@@ -53,6 +53,7 @@ struct FontTables {
 // was stored up to that point stays.
 enum class ReadEnd {
     Complete,
+    CannotOpen,         // the file could not be opened (nothing was read)
     NoOffsetTable,      // fewer than 12 bytes
     BadTableCount,      // numTables of 0 or less
     DirectoryOutside,   // the directory runs past the end
@@ -67,6 +68,8 @@ enum class ReadEnd {
 
 // Reads one file's tables into `tables`.
 ReadEnd readFontFile(std::span<const std::uint8_t> file, FontTables& tables);
+// The same from a file on disk, of which only the directory and the four tables are read.
+ReadEnd readFontFile(const QString& path, FontTables& tables);
 
 // A name string's bytes as text: 8-bit text in the ANSI code page, unless the first
 // byte is 0; then the bytes are shifted down by one and read as little-endian UTF-16
