@@ -59,7 +59,10 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        qputenv("LC_ALL", "en_US.UTF-8");
+        // The system language comes from LANG here; nothing above it may override it.
+        qunsetenv("LC_ALL");
+        qunsetenv("LC_MESSAGES");
+        qputenv("LANG", "en_US.UTF-8");
         QVERIFY(m_dir.isValid());
         QVERIFY2(!Sfnt::installedTrueTypeFile().isEmpty(), "DejaVu Sans must be installed");
         write(QStringLiteral("essai.ttf"), Sfnt::drawable(Sfnt::familyNames(QStringLiteral("Glyphora Essai"))));
@@ -220,7 +223,7 @@ private Q_SLOTS:
     {
         const QString fontaine = file(QStringLiteral("fontaine.ttf"));
         {
-            CFontPreview preview; // LC_ALL=en_US
+            CFontPreview preview; // LANG=en_US
             preview.setFontFile(fontaine);
             QCOMPARE(preview.FamilyName(), QStringLiteral("Glyphora Fontaine"));
             QCOMPARE(preview.SubFamilyName(), QStringLiteral("Regular"));
@@ -231,14 +234,14 @@ private Q_SLOTS:
         }
         QVERIFY(!familyAnywhere(QStringLiteral("Glyphora Fontaine")));
 
-        qputenv("LC_ALL", "de_DE.UTF-8"); // neither language: the last Microsoft record
+        qputenv("LANG", "de_DE.UTF-8"); // neither language: the last Microsoft record
         {
             CFontPreview preview;
             QCOMPARE(preview.systemLanguage(), 0x0407);
             preview.setFontFile(fontaine);
             QCOMPARE(preview.FamilyName(), QStringLiteral("Glyphora Fontaine FR"));
         }
-        qputenv("LC_ALL", "fr_FR.UTF-8");
+        qputenv("LANG", "fr_FR.UTF-8");
         {
             CFontPreview preview;
             QCOMPARE(preview.systemLanguage(), 0x040C);
@@ -253,7 +256,7 @@ private Q_SLOTS:
         }
         // An unresolved registration is deliberately never taken back...
         QVERIFY(FontRegistration::registeredFamilies().contains(QStringLiteral("Glyphora Fontaine")));
-        qputenv("LC_ALL", "en_US.UTF-8");
+        qputenv("LANG", "en_US.UTF-8");
         {
             // ...so the English face is now known before this object registers anything.
             CFontPreview preview;
@@ -267,7 +270,7 @@ private Q_SLOTS:
 
     void faceNameCandidatesInOrder()
     {
-        qputenv("LC_ALL", "fr_FR.UTF-8");
+        qputenv("LANG", "fr_FR.UTF-8");
         {
             CFontPreview preview;
             preview.setFontFile(file(QStringLiteral("epsilon.ttf")));
@@ -280,7 +283,7 @@ private Q_SLOTS:
             QCOMPARE(preview.FamilyName(), QStringLiteral("Glyphora Delta FR"));
             QCOMPARE(preview.FaceName(), QStringLiteral("Glyphora Delta")); // the full name
         }
-        qputenv("LC_ALL", "en_US.UTF-8");
+        qputenv("LANG", "en_US.UTF-8");
         QVERIFY(!familyAnywhere(QStringLiteral("Glyphora Epsilon")));
         QVERIFY(!familyAnywhere(QStringLiteral("Glyphora Delta")));
     }
