@@ -1,0 +1,235 @@
+// FFontPreview: folder browsing, drawing a file at the series of sizes, the delayed
+// redraw after a resize, and the copy of the description to the clipboard.
+#include "fontfile/ffontpreview.h"
+
+#include "components/runtimeerror.h"
+#include "components/stdfont.h"
+#include "fontfile/cfontpreview.h"
+#include "fontfile/filelists.h"
+#include "fontfile/picturebox.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QDir>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+namespace {
+
+constexpr int margin = 6;
+constexpr int listWidth = 220;
+constexpr int redrawDelayMs = 300;
+
+// A name the object cannot give (no name table read yet) is shown empty.
+QString nameOrEmpty(const std::function<QString()>& read)
+{
+    try {
+        return read();
+    } catch (const RuntimeError&) {
+        return QString();
+    }
+}
+
+} // namespace
+
+FFontPreview::FFontPreview(QWidget* parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("FFontPreview"));
+    setWindowTitle(QCoreApplication::applicationName());
+    resize(900, 640);
+
+    Drive1 = new DriveListBox(this);
+    Drive1->setObjectName(QStringLiteral("Drive1"));
+    Dir1 = new DirListBox(this);
+    Dir1->setObjectName(QStringLiteral("Dir1"));
+    File1 = new FileListBox(this);
+    File1->setObjectName(QStringLiteral("File1"));
+    Picture1 = new PictureBox(this);
+    Picture1->setObjectName(QStringLiteral("Picture1"));
+    Timer1 = new QTimer(this);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    Timer1->setInterval(redrawDelayMs);
+
+    connect(Drive1, &DriveListBox::Change, this, &FFontPreview::Drive1_Change);
+    connect(Dir1, &DirListBox::Change, this, &FFontPreview::Dir1_Change);
+    connect(File1, &FileListBox::Click, this, &FFontPreview::File1_Click);
+    connect(Timer1, &QTimer::timeout, this, &FFontPreview::Timer1_Timer);
+    for (QWidget* control : {static_cast<QWidget*>(Drive1), static_cast<QWidget*>(Dir1),
+                             static_cast<QWidget*>(File1), static_cast<QWidget*>(Picture1)})
+        control->installEventFilter(this); // the window sees its controls' keys first
+}
+
+FFontPreview::~FFontPreview() = default;
+
+void FFontPreview::setVisible(bool visible)
+{
+    if (visible && !m_loaded) {
+        m_loaded = true;
+        Form_Load();
+    }
+    QDialog::setVisible(visible);
+}
+
+void FFontPreview::Form_Load()
+{
+    // Errors from the lists are not reported; the first one is remembered as pending.
+    auto quietly = [this](const std::function<void()>& statement) {
+        try {
+            statement();
+        } catch (const RuntimeError&) {
+            m_errorPending = true;
+        }
+    };
+    const QString start = !m_errorPending ? QDir::currentPath() : QCoreApplication::applicationDirPath();
+    quietly([&] { Drive1->setDrive(start); });
+    quietly([&] { Dir1->setPath(start); });
+    quietly([&] { File1->setPattern(QStringLiteral("*.ttf")); });
+    const bool commandLine = QCoreApplication::arguments().size() > 1;
+    m_copyToClipboard = commandLine || m_errorPending;
+}
+
+void FFontPreview::Drive1_Change()
+{
+    Dir1->setPath(DriveFolders::currentFolderOf(Drive1->Drive()));
+}
+
+void FFontPreview::Dir1_Change()
+{
+    File1->setPath(Dir1->Path());
+}
+
+void FFontPreview::File1_Click()
+{
+    DrawSelectedFile();
+}
+
+void FFontPreview::Form_Resize()
+{
+    const int inner = std::max(0, height() - 2 * margin);
+    Drive1->setGeometry(margin, margin, listWidth, Drive1->sizeHint().height());
+    const int listsTop = Drive1->geometry().bottom() + 1 + margin;
+    const int listsHeight = std::max(0, height() - listsTop - 2 * margin);
+    Dir1->setGeometry(margin, listsTop, listWidth, listsHeight / 2);
+    File1->setGeometry(margin, listsTop + listsHeight / 2 + margin, listWidth, listsHeight - listsHeight / 2);
+    const int left = Drive1->geometry().right() + 1 + margin;
+    Picture1->setGeometry(left, margin, std::max(0, width() - left - margin), inner);
+    Timer1->start();
+}
+
+void FFontPreview::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    Form_Resize();
+}
+
+bool FFontPreview::leftButtonDown()
+{
+    return QGuiApplication::mouseButtons() & Qt::LeftButton;
+}
+
+void FFontPreview::Timer1_Timer()
+{
+    // While the border is still being dragged, wait for the button to come up.
+    if (leftButtonDown())
+        return;
+    Timer1->stop();
+    DrawSelectedFile();
+}
+
+void FFontPreview::DrawSelectedFile()
+{
+    Picture1->Cls();
+    auto preview = std::make_unique<CFontPreview>();
+    if (File1->ListIndex() != -1)
+        preview->setFontFile(QDir(File1->Path()).filePath(File1->FileName()));
+    Picture1->setCurrentX(0);
+    Picture1->setCurrentY(0);
+    if (!preview->FaceName().isEmpty()) {
+        setWindowTitle(QCoreApplication::applicationName() + QStringLiteral(": ") + preview->FaceName());
+        drawSamples(*preview);
+    } else {
+        setWindowTitle(QCoreApplication::applicationName());
+    }
+    Picture1->setFont(font());
+    m_information = PreviewText::informationText(describe(*preview));
+    Picture1->Print(m_information);
+    preview.reset(); // lets a temporarily registered file go
+    if (m_copyToClipboard) {
+        QClipboard* clipboard = QGuiApplication::clipboard();
+        clipboard->clear();
+        clipboard->setText(m_information);
+    }
+}
+
+void FFontPreview::drawSamples(const CFontPreview& preview)
+{
+    StdFont face;
+    face.setName(preview.FaceName());
+    face.setBold(preview.Bold());
+    face.setItalic(preview.Italic());
+    for (int size : PreviewText::sizes()) {
+        face.setSize(size);
+        Picture1->setFont(face.toQFont());
+        Picture1->Print(PreviewText::sampleSentence());
+    }
+    face.setSize(PreviewText::characterLineSize);
+    Picture1->setFont(face.toQFont());
+    Picture1->Print(PreviewText::characterLine());
+}
+
+PreviewText::FileDescription FFontPreview::describe(const CFontPreview& preview)
+{
+    PreviewText::FileDescription file;
+    file.faceName = preview.FaceName();
+    file.familyName = nameOrEmpty([&] { return preview.FamilyName(); });
+    file.subFamilyName = nameOrEmpty([&] { return preview.SubFamilyName(); });
+    file.fullName = nameOrEmpty([&] { return preview.FullName(); });
+    file.uniqueIdentifier = nameOrEmpty([&] { return preview.UniqueIdentifier(); });
+    file.postscriptName = nameOrEmpty([&] { return preview.PostscriptName(); });
+    file.copyright = nameOrEmpty([&] { return preview.Copyright(); });
+    file.trademark = nameOrEmpty([&] { return preview.Trademark(); });
+    file.versionString = nameOrEmpty([&] { return preview.VersionString(); });
+    file.installed = preview.Installed();
+    return file;
+}
+
+void FFontPreview::Form_KeyUp(int KeyCode, int Shift)
+{
+    Q_UNUSED(Shift);
+    if (KeyCode == 27)
+        close();
+}
+
+void FFontPreview::keyPressEvent(QKeyEvent* event)
+{
+    // Esc closes the window when it is released, not when it is pressed.
+    if (event->key() == Qt::Key_Escape) {
+        event->accept();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void FFontPreview::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat()) {
+        Form_KeyUp(27, 0);
+        return;
+    }
+    QDialog::keyReleaseEvent(event);
+}
+
+bool FFontPreview::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyRelease) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Escape && !key->isAutoRepeat()) {
+            Form_KeyUp(27, 0);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}

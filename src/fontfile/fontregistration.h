@@ -1,0 +1,32 @@
+// Temporary font registration: a font file made known to the program for a while
+// (Qt's application fonts), the announcement that the fonts changed, whether the
+// system knows a face by an exact name, and a file's face name read without
+// registering anything.
+#pragma once
+
+#include <QEvent>
+#include <QString>
+#include <QStringList>
+
+namespace FontRegistration {
+
+// Registers the file; the id to remove it with, or -1 when nothing was registered.
+int add(const QString& path);
+// Removes a registration made by add; false when there was none with that id.
+bool remove(int id);
+// Every family of the files the program registered and has not removed.
+QStringList registeredFamilies();
+
+// Case-sensitively, a family the system enumerates (cached, refreshed whenever the
+// font database changes) or one the program registered. Never asks for a font.
+bool isKnownFace(const QString& name);
+
+// The event every top-level window receives when the fonts changed, sent synchronously.
+QEvent::Type fontChangeEventType();
+void announceFontChange();
+
+// The face name under which the system would list a TrueType file, or empty text when
+// it is no font; nothing is registered and no file is written.
+QString faceNameOfFile(const QString& path);
+
+} // namespace FontRegistration

@@ -1,0 +1,33 @@
+// The one place where the font-file windows ask fontconfig and FreeType: the family a
+// file would be listed under, the file a family and style resolve to, and what a
+// face's OS/2 table and character maps say.
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <optional>
+
+namespace FontSystem {
+
+// fontconfig's first family name for the file (relative paths are taken from the
+// current folder). Nothing is registered; empty for anything that is not a font.
+QString familyOfFile(const QString& path);
+
+struct FaceFile {
+    QString path;
+    int index = 0;
+};
+// The face fontconfig matches for a family, weight and slant.
+std::optional<FaceFile> matchedFace(const QString& family, bool bold, bool italic);
+
+struct CharacterInfo {
+    bool symbolCmap = false;        // a Microsoft symbol character map (3, 0)
+    std::uint32_t codePageRange1 = 0; // OS/2 ulCodePageRange1; 0 when absent
+    int defaultChar = 0;            // OS/2 usDefaultChar (version 2 on), else 0
+    int firstChar = 0;              // OS/2 usFirstCharIndex, else the first mapped code
+    int lastChar = 0;               // OS/2 usLastCharIndex, else the last mapped code
+};
+// Read through FreeType; nullopt when the face cannot be opened.
+std::optional<CharacterInfo> characterInfo(const FaceFile& face);
+
+} // namespace FontSystem

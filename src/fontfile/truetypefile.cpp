@@ -1,0 +1,352 @@
+// Table parsers for the four tables the reader needs, each reading like its layout,
+// over a source that hands out byte ranges only when they lie wholly inside the file.
+#include "fontfile/truetypefile.h"
+
+#include "components/ansi.h"
+#include "fontfile/bytereader.h"
+
+#include <QFile>
+
+#include <algorithm>
+
+namespace TrueType {
+
+namespace {
+
+constexpr std::int64_t offsetTableSize = 12;
+constexpr std::int64_t directoryEntrySize = 16;
+constexpr std::size_t headSize = 54;
+constexpr std::int64_t headMagicOffset = 12;
+constexpr std::size_t os2BytesThroughFsSelection = 64;
+constexpr std::int64_t fsSelectionOffset = 62;
+constexpr std::int64_t nameHeaderSize = 6;
+constexpr std::int64_t nameRecordSize = 12;
+
+// Where the bytes come from. A range is only copied out after it has been checked
+// against the size, so a count or offset from the file never sizes an allocation
+// beyond the file itself.
+class Source {
+public:
+    virtual ~Source() = default;
+    virtual std::int64_t size() const = 0;
+    bool inside(std::int64_t offset, std::int64_t length) const
+    {
+        return offset >= 0 && length >= 0 && offset <= size() && length <= size() - offset;
+    }
+    // Exactly `length` bytes at `offset`, or false when they are not all in the file.
+    bool read(std::int64_t offset, std::int64_t length, QByteArray& into)
+    {
+        if (!inside(offset, length))
+            return false;
+        into.resize(qsizetype(length));
+        return length == 0 || copy(offset, into.data(), length);
+    }
+
+private:
+    virtual bool copy(std::int64_t offset, char* into, std::int64_t length) = 0;
+};
+
+class MemorySource final : public Source {
+public:
+    explicit MemorySource(std::span<const std::uint8_t> bytes) : m_bytes(bytes) {}
+    std::int64_t size() const override { return std::int64_t(m_bytes.size()); }
+
+private:
+    bool copy(std::int64_t offset, char* into, std::int64_t length) override
+    {
+        std::copy_n(m_bytes.data() + offset, length, into);
+        return true;
+    }
+    std::span<const std::uint8_t> m_bytes;
+};
+
+// A file on disk, read range by range: only the directory and the four tables.
+class FileSource final : public Source {
+public:
+    explicit FileSource(QFile& file) : m_file(file), m_size(file.size()) {}
+    std::int64_t size() const override { return m_size; }
+
+private:
+    bool copy(std::int64_t offset, char* into, std::int64_t length) override
+    {
+        return m_file.seek(offset) && m_file.read(into, length) == length;
+    }
+    QFile& m_file;
+    std::int64_t m_size;
+};
+
+std::span<const std::uint8_t> bytesOf(const QByteArray& data)
+{
+    return {reinterpret_cast<const std::uint8_t*>(data.constData()), std::size_t(data.size())};
+}
+
+struct DirectoryEntry {
+    std::uint32_t tag = 0;
+    std::int32_t offset = 0; // signed, as the file's 32-bit words are read
+};
+
+constexpr std::uint32_t tagOf(const char (&text)[5])
+{
+    return (std::uint32_t(std::uint8_t(text[0])) << 24) | (std::uint32_t(std::uint8_t(text[1])) << 16)
+           | (std::uint32_t(std::uint8_t(text[2])) << 8) | std::uint32_t(std::uint8_t(text[3]));
+}
+
+constexpr std::uint32_t headTag = tagOf("head");
+constexpr std::uint32_t nameTag = tagOf("name");
+constexpr std::uint32_t os2Tag = tagOf("OS/2");
+
+// The directory's bytes, read once as a whole; entries are decoded on access.
+class Directory {
+public:
+    explicit Directory(QByteArray bytes) : m_bytes(std::move(bytes)) {}
+    int count() const { return int(m_bytes.size() / directoryEntrySize); }
+    DirectoryEntry entry(int index) const
+    {
+        ByteReader reader(bytesOf(m_bytes));
+        reader.seek(index * directoryEntrySize);
+        DirectoryEntry entry;
+        entry.tag = reader.u32().value_or(0);
+        reader.skip(4); // checkSum, never verified
+        entry.offset = reader.i32().value_or(0);
+        return entry;
+    }
+
+private:
+    QByteArray m_bytes;
+};
+
+std::optional<Directory> readDirectory(Source& file, ReadEnd& end)
+{
+    QByteArray offsetTable;
+    if (!file.read(0, offsetTableSize, offsetTable)) {
+        end = ReadEnd::NoOffsetTable;
+        return std::nullopt;
+    }
+    ByteReader reader(bytesOf(offsetTable));
+    reader.skip(4); // sfnt version, not checked; searchRange and the rest are not used
+    const std::int16_t numTables = *reader.i16();
+    if (numTables <= 0) {
+        end = ReadEnd::BadTableCount;
+        return std::nullopt;
+    }
+    QByteArray entries;
+    if (!file.read(offsetTableSize, numTables * directoryEntrySize, entries)) {
+        end = ReadEnd::DirectoryOutside;
+        return std::nullopt;
+    }
+    return Directory(std::move(entries));
+}
+
+// The valid flag from the first head entry; unchanged when there is none.
+ReadEnd readHead(Source& file, const Directory& directory, FontTables& tables)
+{
+    for (int i = 0; i < directory.count(); ++i) {
+        const DirectoryEntry entry = directory.entry(i);
+        if (entry.tag != headTag)
+            continue;
+        QByteArray head;
+        if (!file.read(entry.offset, headSize, head))
+            return ReadEnd::HeadOutside;
+        ByteReader fields(bytesOf(head));
+        fields.seek(headMagicOffset);
+        tables.valid = fields.u32() == headMagic;
+        return ReadEnd::Complete;
+    }
+    return ReadEnd::Complete;
+}
+
+NameRecord readNameRecord(ByteReader& reader)
+{
+    NameRecord r;
+    for (std::int16_t* field : {&r.platformID, &r.encodingID, &r.languageID, &r.nameID, &r.length, &r.offset})
+        *field = reader.i16().value_or(0);
+    return r;
+}
+
+// Where each string lies, in record order, up to the first one that cannot be read;
+// the strings from there on stay empty. The bytes they cover are read once.
+ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& table)
+{
+    ReadEnd end = ReadEnd::Complete;
+    std::int64_t first = -1;
+    std::int64_t last = -1;
+    qsizetype readable = 0;
+    for (; readable < table.records.size(); ++readable) {
+        const NameRecord& record = table.records[readable];
+        if (record.length == 0)
+            continue;
+        if (record.length < 0) {
+            end = ReadEnd::BadStringLength;
+            break;
+        }
+        const std::int64_t start = storageStart + record.offset;
+        if (!file.inside(start, record.length)) {
+            end = ReadEnd::StringOutside;
+            break;
+        }
+        first = first < 0 ? start : std::min(first, start);
+        last = std::max(last, start + record.length);
+    }
+    // Offsets are signed 16-bit words around the table's own offset, so this read is
+    // at most about 160 KB whatever the counts say.
+    if (first < 0 || !file.read(first, last - first, table.store))
+        return end;
+    for (qsizetype i = 0; i < readable; ++i) {
+        const NameRecord& record = table.records[i];
+        if (record.length > 0)
+            table.strings[i] = {qsizetype(storageStart + record.offset - first), record.length};
+    }
+    return end;
+}
+
+ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables)
+{
+    QByteArray header;
+    if (!file.read(tableOffset, nameHeaderSize, header))
+        return ReadEnd::NameHeaderOutside;
+    ByteReader fields(bytesOf(header));
+    fields.skip(2); // format, not checked
+    const std::int16_t count = *fields.i16();
+    const std::int16_t stringOffset = *fields.i16();
+    if (count <= 0)
+        return ReadEnd::BadNameCount;
+    QByteArray recordBytes;
+    if (!file.read(std::int64_t(tableOffset) + nameHeaderSize, count * nameRecordSize, recordBytes))
+        return ReadEnd::NameRecordsOutside;
+
+    NameTable table;
+    ByteReader records(bytesOf(recordBytes));
+    table.records.reserve(count);
+    for (int i = 0; i < count; ++i)
+        table.records.append(readNameRecord(records));
+    table.strings.resize(count);
+    tables.names = std::move(table);
+    return readNameStrings(file, std::int64_t(tableOffset) + stringOffset, *tables.names);
+}
+
+ReadEnd readStyleWord(Source& file, std::int32_t tableOffset, FontTables& tables)
+{
+    QByteArray os2;
+    if (!file.read(tableOffset, os2BytesThroughFsSelection, os2))
+        return ReadEnd::OS2Outside;
+    ByteReader fields(bytesOf(os2));
+    fields.seek(fsSelectionOffset);
+    tables.styleWord = *fields.i16();
+    return ReadEnd::Complete;
+}
+
+ReadEnd readTables(Source& file, FontTables& tables)
+{
+    ReadEnd end = ReadEnd::Complete;
+    const auto directory = readDirectory(file, end);
+    if (!directory)
+        return end;
+    end = readHead(file, *directory, tables);
+    if (end != ReadEnd::Complete || !tables.valid)
+        return end;
+    // Every name and OS/2 entry is read in directory order: the last one wins.
+    for (int i = 0; i < directory->count(); ++i) {
+        const DirectoryEntry entry = directory->entry(i);
+        if (entry.tag == nameTag)
+            end = readNameTable(file, entry.offset, tables);
+        else if (entry.tag == os2Tag)
+            end = readStyleWord(file, entry.offset, tables);
+        if (end != ReadEnd::Complete)
+            return end;
+    }
+    return ReadEnd::Complete;
+}
+
+} // namespace
+
+ReadEnd readFontFile(std::span<const std::uint8_t> file, FontTables& tables)
+{
+    MemorySource source(file);
+    return readTables(source, tables);
+}
+
+ReadEnd readFontFile(const QString& path, FontTables& tables)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return ReadEnd::CannotOpen;
+    FileSource source(file);
+    return readTables(source, tables);
+}
+
+qsizetype decodedLength(std::span<const std::uint8_t> bytes)
+{
+    if (bytes.empty())
+        return 0;
+    return bytes[0] == 0 ? qsizetype(bytes.size() / 2) : qsizetype(bytes.size());
+}
+
+QString decodeNameString(std::span<const std::uint8_t> bytes)
+{
+    if (bytes.empty())
+        return QString();
+    if (bytes[0] != 0)
+        return Ansi::decode(reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size()));
+    // Drop the first byte, append a zero byte, read little-endian 16-bit units; an
+    // odd trailing byte makes no character.
+    const qsizetype count = decodedLength(bytes);
+    QString text(count, Qt::Uninitialized);
+    for (qsizetype i = 0; i < count; ++i) {
+        const std::size_t low = std::size_t(2 * i + 1);
+        const std::uint8_t high = low + 1 < bytes.size() ? bytes[low + 1] : 0;
+        text[i] = QChar(char16_t(bytes[low] | (high << 8)));
+    }
+    return text;
+}
+
+QString NameTable::string(qsizetype index) const
+{
+    const Bytes where = strings.value(index);
+    if (where.length <= 0)
+        return QString();
+    const auto* data = reinterpret_cast<const std::uint8_t*>(store.constData());
+    return decodeNameString(std::span(data + where.start, std::size_t(where.length)));
+}
+
+bool NameTable::stringIsEmpty(qsizetype index) const
+{
+    const Bytes where = strings.value(index);
+    if (where.length <= 0)
+        return true;
+    const auto* data = reinterpret_cast<const std::uint8_t*>(store.constData());
+    return decodedLength(std::span(data + where.start, std::size_t(where.length))) == 0;
+}
+
+std::optional<QString> nameString(const FontTables& tables, int nameID, std::int32_t systemLanguage)
+{
+    if (!tables.names)
+        return std::nullopt;
+    const NameTable& names = *tables.names;
+    // Choose the record first and decode only the winner.
+    qsizetype chosen = -1;
+    bool chosenEmpty = true;
+    for (qsizetype i = 0; i < names.records.size(); ++i) {
+        const NameRecord& record = names.records[i];
+        if (record.nameID != nameID)
+            continue;
+        if (record.platformID == 3) {
+            chosen = i;
+            chosenEmpty = names.stringIsEmpty(i);
+            if (std::int32_t(record.languageID) == systemLanguage)
+                break;
+        } else if (chosenEmpty) {
+            chosen = i;
+            chosenEmpty = names.stringIsEmpty(i);
+        }
+    }
+    return chosen < 0 ? QString() : names.string(chosen);
+}
+
+bool isBitSet(std::int16_t value, int bit)
+{
+    if (bit < 0 || bit > 15)
+        return false;
+    return (std::int32_t(value) & (std::int32_t(1) << bit)) > 0;
+}
+
+} // namespace TrueType

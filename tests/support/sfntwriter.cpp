@@ -1,0 +1,279 @@
+// Test font writer: big-endian fields appended one by one.
+#include "support/sfntwriter.h"
+
+#include <QFile>
+#include <QMap>
+#include <QProcess>
+#include <algorithm>
+
+namespace Sfnt {
+
+namespace {
+
+void put16(QByteArray& out, quint16 value)
+{
+    out.append(char(value >> 8)).append(char(value & 0xFF));
+}
+
+void put32(QByteArray& out, quint32 value)
+{
+    put16(out, quint16(value >> 16));
+    put16(out, quint16(value & 0xFFFF));
+}
+
+void set16(QByteArray& data, qsizetype at, quint16 value)
+{
+    if (at + 2 <= data.size()) {
+        data[at] = char(value >> 8);
+        data[at + 1] = char(value & 0xFF);
+    }
+}
+
+void set32(QByteArray& data, qsizetype at, quint32 value)
+{
+    set16(data, at, quint16(value >> 16));
+    set16(data, at + 2, quint16(value & 0xFFFF));
+}
+
+quint16 get16(const QByteArray& data, qsizetype at)
+{
+    return quint16((quint8(data[at]) << 8) | quint8(data[at + 1]));
+}
+
+quint32 get32(const QByteArray& data, qsizetype at)
+{
+    return (quint32(get16(data, at)) << 16) | get16(data, at + 2);
+}
+
+// The tables of a well-formed font, in directory order.
+QList<Table> tablesOf(const QByteArray& font)
+{
+    QList<Table> tables;
+    const int count = get16(font, 4);
+    for (int i = 0; i < count; ++i) {
+        const qsizetype entry = 12 + 16 * i;
+        tables.append({font.mid(entry, 4), font.mid(get32(font, entry + 8), get32(font, entry + 12)), {}});
+    }
+    return tables;
+}
+
+} // namespace
+
+Name microsoft(int nameId, const QString& text, int language)
+{
+    QByteArray bytes;
+    for (QChar c : text)
+        put16(bytes, c.unicode());
+    return {3, 1, language, nameId, bytes, {}, {}};
+}
+
+Name macintosh(int nameId, const QByteArray& bytes)
+{
+    return {1, 0, 0, nameId, bytes, {}, {}};
+}
+
+QByteArray head(quint32 magic)
+{
+    QByteArray t;
+    put32(t, 0x00010000);   // version
+    put32(t, 0x00010000);   // fontRevision
+    put32(t, 0);            // checkSumAdjustment
+    put32(t, magic);        // magicNumber
+    put16(t, 0x000B);       // flags
+    put16(t, 2048);         // unitsPerEm
+    t.append(16, '\0');     // created, modified
+    for (int v : {0, -500, 2000, 1900}) // xMin, yMin, xMax, yMax
+        put16(t, quint16(v));
+    put16(t, 0);            // macStyle
+    put16(t, 8);            // lowestRecPPEM
+    put16(t, 2);            // fontDirectionHint
+    put16(t, 0);            // indexToLocFormat
+    put16(t, 0);            // glyphDataFormat
+    return t;               // 54 bytes
+}
+
+QByteArray os2(quint16 fsSelection, quint32 codePageRange1)
+{
+    QByteArray t;
+    put16(t, 1);            // version
+    put16(t, 1000);         // xAvgCharWidth
+    put16(t, 400);          // usWeightClass
+    put16(t, 5);            // usWidthClass
+    put16(t, 0);            // fsType
+    t.append(20, '\0');     // subscript and superscript sizes and offsets, strikeout size and position
+    put16(t, 0);            // sFamilyClass
+    t.append(10, '\0');     // panose
+    t.append(16, '\0');     // ulUnicodeRange1..4
+    t.append("GLYP");       // achVendID
+    put16(t, fsSelection);  // fsSelection, offset 62
+    put16(t, 0x20);         // usFirstCharIndex
+    put16(t, 0xFFFC);       // usLastCharIndex
+    for (int v : {1600, -400, 200, 1900, 500}) // typo ascender, descender, line gap, win ascent, win descent
+        put16(t, quint16(v));
+    put32(t, codePageRange1); // offset 78
+    put32(t, 0);              // ulCodePageRange2
+    return t;                 // 86 bytes
+}
+
+QByteArray name(const QList<Name>& names, const NameOptions& options)
+{
+    QByteArray records;
+    QByteArray storage;
+    for (const Name& n : names) {
+        const int offset = n.offset.value_or(int(storage.size()));
+        put16(records, quint16(n.platform));
+        put16(records, quint16(n.encoding));
+        put16(records, quint16(n.language));
+        put16(records, quint16(n.nameId));
+        put16(records, quint16(n.length.value_or(int(n.bytes.size()))));
+        put16(records, quint16(offset));
+        if (!n.offset)
+            storage.append(n.bytes);
+    }
+    QByteArray t;
+    put16(t, 0); // format
+    put16(t, quint16(options.count.value_or(qint16(names.size()))));
+    put16(t, quint16(options.stringOffset.value_or(qint16(6 + 12 * names.size()))));
+    return t + records + storage;
+}
+
+QByteArray font(const QList<Table>& tables, std::optional<quint16> numTables)
+{
+    QByteArray out;
+    put32(out, 0x00010000);
+    put16(out, numTables.value_or(quint16(tables.size())));
+    put16(out, 0); // searchRange
+    put16(out, 0); // entrySelector
+    put16(out, 0); // rangeShift
+    qint64 place = 12 + 16 * tables.size();
+    QByteArray body;
+    for (const Table& table : tables) {
+        out.append(table.tag.leftJustified(4, ' ', true));
+        put32(out, 0); // checkSum, not used
+        put32(out, quint32(table.offset.value_or(place + body.size())));
+        put32(out, quint32(table.data.size()));
+        body.append(table.data);
+        body.append((4 - body.size() % 4) % 4, '\0');
+    }
+    return out + body;
+}
+
+QByteArray simpleFont(const QList<Name>& names, quint16 fsSelection, quint32 magic)
+{
+    return font({{"head", head(magic), {}}, {"name", name(names), {}}, {"OS/2", os2(fsSelection), {}}});
+}
+
+QByteArray tableOf(const QByteArray& font, const QByteArray& tag)
+{
+    for (const Table& table : tablesOf(font))
+        if (table.tag == tag)
+            return table.data;
+    return QByteArray();
+}
+
+QList<qint64> tableBoundaries(const QByteArray& font)
+{
+    QList<qint64> points{0, 12, 12 + 16 * qint64(get16(font, 4))};
+    const int count = get16(font, 4);
+    for (int i = 0; i < count; ++i) {
+        const qsizetype entry = 12 + 16 * i;
+        points << get32(font, entry + 8) << get32(font, entry + 8) + get32(font, entry + 12);
+    }
+    std::sort(points.begin(), points.end());
+    points.erase(std::unique(points.begin(), points.end()), points.end());
+    return points;
+}
+
+QByteArray withTable(const QByteArray& source, const QByteArray& tag, const QByteArray& data)
+{
+    QList<Table> tables = tablesOf(source);
+    auto found = std::find_if(tables.begin(), tables.end(), [&](const Table& t) { return t.tag == tag; });
+    if (found != tables.end())
+        found->data = data;
+    else
+        tables.append({tag, data, {}});
+    // The directory stays sorted by tag, as real fonts have it.
+    std::sort(tables.begin(), tables.end(), [](const Table& a, const Table& b) { return a.tag < b.tag; });
+    return font(tables);
+}
+
+QByteArray renamed(const QByteArray& source, const QList<Name>& names)
+{
+    return withTable(source, "name", name(names));
+}
+
+QList<Name> familyNames(const QString& family, const QString& subfamily)
+{
+    return {
+        microsoft(0, QStringLiteral("Copyright (c) Glyphora tests")),
+        microsoft(1, family),
+        microsoft(2, subfamily),
+        microsoft(3, family + QStringLiteral(" ") + subfamily + QStringLiteral(" test")),
+        microsoft(4, family + QStringLiteral(" ") + subfamily),
+        microsoft(5, QStringLiteral("Version 1.0")),
+        microsoft(6, QString(family).remove(QLatin1Char(' ')) + QStringLiteral("-") + subfamily),
+        microsoft(7, QStringLiteral("Glyphora is a test mark")),
+    };
+}
+
+QByteArray withSymbolCmap(const QByteArray& source)
+{
+    QByteArray cmap = tableOf(source, "cmap");
+    const int count = get16(cmap, 2);
+    for (int i = 0; i < count; ++i) {
+        const qsizetype record = 4 + 8 * i;
+        if (get16(cmap, record) == 3 && get16(cmap, record + 2) == 1) {
+            set16(cmap, record + 2, 0);
+            break;
+        }
+    }
+    return withTable(source, "cmap", cmap);
+}
+
+QByteArray withCodePages(const QByteArray& source, quint32 codePageRange1, std::optional<quint16> first,
+                         std::optional<quint16> last, std::optional<quint16> defaultChar)
+{
+    QByteArray table = tableOf(source, "OS/2");
+    set32(table, 78, codePageRange1);
+    if (first)
+        set16(table, 64, *first);
+    if (last)
+        set16(table, 66, *last);
+    if (defaultChar) {
+        if (get16(table, 0) < 2) { // usDefaultChar exists from version 2 on
+            table = table.left(86).leftJustified(96, '\0');
+            set16(table, 0, 2);
+        }
+        set16(table, 90, *defaultChar);
+    }
+    return withTable(source, "OS/2", table);
+}
+
+QString installedTrueTypeFile()
+{
+    QProcess match;
+    match.start(QStringLiteral("fc-match"), {QStringLiteral("-f"), QStringLiteral("%{file}"),
+                                             QStringLiteral("DejaVu Sans:style=Book")});
+    match.waitForFinished(30000);
+    return QString::fromLocal8Bit(match.readAllStandardOutput()).trimmed();
+}
+
+QByteArray drawable(const QList<Name>& names)
+{
+    static const QByteArray source = readFile(installedTrueTypeFile());
+    return renamed(source, names);
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size();
+}
+
+} // namespace Sfnt
