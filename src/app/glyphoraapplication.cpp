@@ -15,7 +15,6 @@ GlyphoraApplication::GlyphoraApplication(int& argc, char** argv) : QApplication(
     if (translator->load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         installTranslator(translator);
     setOrganizationName(QStringLiteral("Glyphora"));
-    setApplicationDisplayName(QStringLiteral("Glyphora"));
 }
 
 bool GlyphoraApplication::notify(QObject* receiver, QEvent* event)
