@@ -17,6 +17,7 @@
 #include <QComboBox>
 #include <QDateTime>
 #include <QHeaderView>
+#include <QStyleOptionHeader>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
@@ -107,6 +108,33 @@ tglyphora::tglyphora(QWidget* parent) : QMainWindow(parent)
 }
 
 tglyphora::~tglyphora() = default;
+
+FontListHeader::FontListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
+{
+    // A fixed minimum keeps the header from measuring the widest glyph of every
+    // fallback font, which costs tens of milliseconds with thousands of fonts.
+    setMinimumSectionSize(24);
+}
+
+QSize FontListHeader::sectionSizeFromContents(int logicalIndex) const
+{
+    // Sized with the header's own font: the stock sizing measures a bold variant that
+    // is never drawn, which costs a font of its own.
+    QStyleOptionHeader option;
+    initStyleOption(&option);
+    option.section = logicalIndex;
+    option.text = model() ? model()->headerData(logicalIndex, orientation()).toString() : QString();
+    option.fontMetrics = fontMetrics();
+    if (isSortIndicatorShown() && sortIndicatorSection() == logicalIndex)
+        option.sortIndicator = sortIndicatorOrder() == Qt::AscendingOrder ? QStyleOptionHeader::SortDown
+                                                                         : QStyleOptionHeader::SortUp;
+    QSize size = style()->sizeFromContents(QStyle::CT_HeaderSection, &option, QSize(), this);
+    if (isSortIndicatorShown()) {
+        const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, &option, this);
+        size.rwidth() += size.height() + margin;
+    }
+    return size;
+}
 
 void tglyphora::buildMenus()
 {
@@ -282,10 +310,8 @@ void tglyphora::buildWorkArea()
 
     List1 = new QTreeWidget(ctlEBSplitter1); // child 1: left pane
     List1->setObjectName(QStringLiteral("List1"));
+    List1->setHeader(new FontListHeader(List1));
     List1->setColumnCount(1);
-    // A fixed minimum keeps the header from measuring the widest glyph of every
-    // fallback font, which costs tens of milliseconds with thousands of fonts.
-    List1->header()->setMinimumSectionSize(24);
     List1->setHeaderLabels({QStringLiteral("Nom de la police")});
     List1->setRootIsDecorated(false);
     List1->setUniformRowHeights(true);

@@ -3,6 +3,7 @@
 // other window. Handlers are spread over the subsystem folders by what they do.
 #pragma once
 
+#include <QHeaderView>
 #include <QMainWindow>
 #include <QStringList>
 
@@ -18,6 +19,16 @@ class QTreeWidget;
 class QTreeWidgetItem;
 class SampleBox;
 class ctlEBSplitter;
+
+// The font list's header, sized without the bold variant of its font.
+class FontListHeader : public QHeaderView {
+    Q_OBJECT
+public:
+    explicit FontListHeader(QWidget* parent = nullptr);
+
+protected:
+    QSize sectionSizeFromContents(int logicalIndex) const override;
+};
 
 class tglyphora : public QMainWindow {
     Q_OBJECT

@@ -100,21 +100,24 @@ void tglyphora::charge()
         for (int size = 4; size <= 120; ++size)
             sizes.append(Conversions::signedText(size));
         Combo1->addItems(sizes);
-        Combo1->setCurrentIndex(-1);
+        Combo1->setCurrentIndex(9); // size 13
     }
-    Combo1->setCurrentIndex(9); // size 13, applied through the size box's click
 
     QTreeWidgetItem* first = List1->topLevelItem(0);
     if (!first)
         throw RuntimeError::objectMissing(QStringLiteral("List1"));
+    // The first face and the size go to the samples together, so that each box lays
+    // its text out once; the size box's click then finds them as it would leave them.
     for (SampleBox* box : {Text1, Text2}) {
         QFont font = box->font();
         font.setFamilies({first->text(0)});
+        font.setPointSizeF(Conversions::leadingNumber(Combo1->currentText()));
         // The samples show the font's own glyphs: a character it lacks is not borrowed
         // from another font (and no fallback fonts are looked up for each new face).
         font.setStyleStrategy(QFont::NoFontMerging);
         box->setFont(font);
     }
+    Combo1_Click();
     Text2->setText(QStringLiteral("Texte d'essai"));
     List1->setCurrentItem(first);
 
