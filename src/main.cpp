@@ -7,6 +7,7 @@
 int main(int argc, char** argv)
 {
     GlyphoraApplication app(argc, argv);
+    Printer::instance().lookUpInBackground(); // while the windows are being built
     ErrorReport::guard([] { debut::Main(); });
     const int status = app.exec();
     Printer::instance().EndDoc(); // an unended print document is sent at exit

@@ -33,12 +33,38 @@ Printer::~Printer()
     EndDoc();
 }
 
+void Printer::lookUpInBackground()
+{
+    if (m_resolved || m_lookup.valid())
+        return;
+    m_lookup = std::async(std::launch::async, [] {
+        Lookup found;
+        found.name = QPrinterInfo::defaultPrinterName();
+        if (!found.name.isEmpty())
+            found.info = QPrinterInfo::printerInfo(found.name);
+        return found;
+    });
+}
+
+void Printer::resolve()
+{
+    if (m_resolved)
+        return;
+    if (m_lookup.valid()) {
+        Lookup found = m_lookup.get();
+        m_deviceName = found.name;
+        m_info = found.info;
+    } else {
+        m_deviceName = QPrinterInfo::defaultPrinterName();
+        if (!m_deviceName.isEmpty())
+            m_info = QPrinterInfo::printerInfo(m_deviceName);
+    }
+    m_resolved = true;
+}
+
 QString Printer::DeviceName()
 {
-    if (!m_resolved) {
-        m_deviceName = QPrinterInfo::defaultPrinterName();
-        m_resolved = true;
-    }
+    resolve();
     return m_deviceName;
 }
 
@@ -51,7 +77,7 @@ QPrinter& Printer::device()
 {
     if (!m_printer) {
         if (isInstalled())
-            m_printer = std::make_unique<QPrinter>(QPrinterInfo::printerInfo(DeviceName()), QPrinter::HighResolution);
+            m_printer = std::make_unique<QPrinter>(m_info, QPrinter::HighResolution);
         else
             m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
         m_printer->setDocName(QStringLiteral("Glyphora"));
@@ -145,6 +171,10 @@ void Printer::reset()
 {
     EndDoc();
     m_printer.reset();
+    if (m_lookup.valid())
+        m_lookup.wait();
+    m_lookup = {};
     m_resolved = false;
     m_deviceName.clear();
+    m_info = QPrinterInfo();
 }

@@ -4,7 +4,9 @@
 #pragma once
 
 #include <QFont>
+#include <QPrinterInfo>
 #include <QString>
+#include <future>
 #include <memory>
 
 class QPainter;
@@ -16,6 +18,9 @@ public:
     static Printer& instance();
     ~Printer();
 
+    // Starts asking the system for its default printer on another thread, so that the
+    // answer is ready when the main window first needs it.
+    void lookUpInBackground();
     // The default printer's name; empty when no printer is installed.
     QString DeviceName();
     bool isInstalled();
@@ -53,7 +58,15 @@ public:
 
 private:
     Printer();
+    void resolve();
     QPrinter& device();
+
+    struct Lookup {
+        QString name;
+        QPrinterInfo info;
+    };
+    std::future<Lookup> m_lookup;
+    QPrinterInfo m_info;
 
     std::unique_ptr<QPrinter> m_printer;
     std::unique_ptr<QPainter> m_painter;
