@@ -1,5 +1,5 @@
-// Family enumeration through fontconfig: the first family name of every font pattern,
-// each name once.
+// Family enumeration through fontconfig: the first family name of every font, each
+// name once.
 #include "browser/enumfont.h"
 
 #include <QSet>
@@ -9,28 +9,30 @@ namespace EnumFont {
 
 int EnumFontFamilies(FontFamProc callback, void* lParam)
 {
-    FcPattern* pattern = FcPatternCreate();
-    FcObjectSet* objects = FcObjectSetBuild(FC_FAMILY, nullptr);
-    FcFontSet* fonts = FcFontList(nullptr, pattern, objects);
-    FcObjectSetDestroy(objects);
-    FcPatternDestroy(pattern);
-    if (!fonts)
+    // The configuration's own font sets, the system's and the program's (fonts it
+    // registered for a while), read in place: no pattern is copied.
+    FcConfig* config = FcConfigReference(nullptr);
+    if (!config)
         return 1;
-
     int result = 1;
     QSet<QString> seen;
-    seen.reserve(fonts->nfont);
-    for (int i = 0; i < fonts->nfont && result != 0; ++i) {
-        FcChar8* family = nullptr;
-        if (FcPatternGetString(fonts->fonts[i], FC_FAMILY, 0, &family) != FcResultMatch || !family)
+    for (FcSetName which : {FcSetSystem, FcSetApplication}) {
+        FcFontSet* fonts = FcConfigGetFonts(config, which);
+        if (!fonts)
             continue;
-        LogFont logFont{QString::fromUtf8(reinterpret_cast<const char*>(family))};
-        if (seen.contains(logFont.lfFaceName))
-            continue;
-        seen.insert(logFont.lfFaceName);
-        result = callback(logFont, lParam);
+        seen.reserve(seen.size() + fonts->nfont);
+        for (int i = 0; i < fonts->nfont && result != 0; ++i) {
+            FcChar8* family = nullptr;
+            if (FcPatternGetString(fonts->fonts[i], FC_FAMILY, 0, &family) != FcResultMatch || !family)
+                continue;
+            LogFont logFont{QString::fromUtf8(reinterpret_cast<const char*>(family))};
+            if (seen.contains(logFont.lfFaceName))
+                continue;
+            seen.insert(logFont.lfFaceName);
+            result = callback(logFont, lParam);
+        }
     }
-    FcFontSetDestroy(fonts);
+    FcConfigDestroy(config);
     return result;
 }
 
