@@ -11,16 +11,18 @@ mkdir -p "$base/debs" "$base/pkg"
 base=$(cd "$base" && pwd)
 
 small=(fonts-dejavu-core fonts-urw-base35 fonts-noto-ui-core)
+# Not in any tier: the uninstalled file the preview benchmark draws.
+outside=(fonts-jetbrains-mono)
 medium=("${small[@]}" fonts-noto-core fonts-liberation2 fonts-cantarell)
 large=("${medium[@]}" fonts-noto-extra fonts-noto-ui-extra fonts-noto-cjk fonts-texgyre fonts-lmodern
        texlive-fonts-extra texlive-fonts-recommended texlive-lang-cyrillic cm-super)
 
 # Download and unpack each package once, into a folder of its own.
 cd "$base/debs"
-for p in "${large[@]}"; do
+for p in "${large[@]}" "${outside[@]}"; do
   if ! ls "${p}"_*.deb >/dev/null 2>&1; then
     echo "downloading $p" >&2
-    apt-get download "$p" >/dev/null
+    apt-get download "$p" >/dev/null 2>&1
   fi
   if [ ! -f "$base/pkg/$p/.unpacked" ]; then
     echo "unpacking $p" >&2

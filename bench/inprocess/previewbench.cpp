@@ -6,6 +6,7 @@
 #include "fontfile/ffontpreview.h"
 #include "fontfile/filelists.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFontDatabase>
@@ -40,8 +41,39 @@ void BM_PreviewUninstalledFile(benchmark::State& state)
     state.counters["left_registered"] = double(QFontDatabase::families().size() - familiesBefore.size());
 }
 
+// Every .ttf file of $GLYPHORA_PREVIEW_FOLDER drawn in turn, as a user stepping down
+// the file list would: what stays registered afterwards is only the deliberate case
+// of a file whose face name could not be resolved.
+void BM_PreviewFolder(benchmark::State& state)
+{
+    const QString folder = qEnvironmentVariable("GLYPHORA_PREVIEW_FOLDER");
+    if (folder.isEmpty() || !QDir(folder).exists()) {
+        state.SkipWithError("GLYPHORA_PREVIEW_FOLDER names no folder");
+        return;
+    }
+    FFontPreview window;
+    window.resize(900, 640);
+    window.show();
+    window.Dir1->setPath(folder);
+    window.File1->setPath(folder);
+    const int files = window.File1->ListCount();
+    const int before = int(QFontDatabase::families().size());
+    int unresolved = 0;
+    for (auto _ : state) {
+        for (int i = 0; i < files; ++i) {
+            window.File1->setListIndex(i); // a click on the entry draws it
+            if (window.windowTitle() == QCoreApplication::applicationName())
+                ++unresolved;
+        }
+    }
+    state.counters["files"] = files;
+    state.counters["without_face_name"] = unresolved;
+    state.counters["left_registered"] = double(QFontDatabase::families().size() - before);
+}
+
 } // namespace
 
+BENCHMARK(BM_PreviewFolder)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(BM_PreviewUninstalledFile)->Unit(benchmark::kMillisecond)->Iterations(20);
 
 int main(int argc, char** argv)

@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # In-process benchmarks at each font tier: font selection (median and p99 of a click,
-# first view included) and the slideshow (time per font, memory after one pass and two).
+# first view included), the slideshow (time per font, memory after one pass and two),
+# the RTF and HTML sheets of every family against the raw write, the preview of one
+# uninstalled file, and the TrueType names read by Glyphora's reader against FreeType.
 # Each benchmark runs in a fresh process. Usage: bench/inprocess/run.sh [tier...]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -10,16 +12,25 @@ tiers=("$@")
 [ ${#tiers[@]} -gt 0 ] || tiers=(small medium large)
 
 cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DGLYPHORA_BENCH=ON -DBUILD_TESTING=OFF >/dev/null
-cmake --build build-bench -j "$(nproc)" --target browserbench >/dev/null
+cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench bench_fontnames >/dev/null
 
 config=$(mktemp -d)
 trap 'rm -rf "$config"' EXIT
 mkdir -m 700 "$config/runtime"
 export XDG_CONFIG_HOME=$config XDG_RUNTIME_DIR=$config/runtime QT_QPA_PLATFORM=offscreen
+# A TrueType file that no tier installs, for the preview.
+preview_font=$(find "$bench_dir/pkg/fonts-jetbrains-mono" -name 'JetBrainsMono-Regular.ttf' 2>/dev/null | head -n1)
+b=build-bench/bench
 for tier in "${tiers[@]}"; do
+  export FONTCONFIG_FILE=$bench_dir/$tier/fonts.conf
   for bench in BM_FontSelection BM_Slideshow; do
     echo "== $tier $bench"
-    FONTCONFIG_FILE=$bench_dir/$tier/fonts.conf build-bench/bench/inprocess/browserbench \
-      --benchmark_filter="^$bench/" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
+    "$b/inprocess/browserbench" --benchmark_filter="^$bench/" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
   done
+  echo "== $tier sheets"
+  "$b/inprocess/sheetbench" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
+  echo "== $tier preview of one uninstalled file"
+  GLYPHORA_PREVIEW_FONT=$preview_font "$b/inprocess/previewbench" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
+  echo "== $tier TrueType names (sfntOnly:1 = .ttf/.otf files)"
+  "$b/bench_fontnames" --benchmark_color=false --benchmark_filter='sfntOnly:1' 2>/dev/null | grep -E "^(own|free)"
 done
