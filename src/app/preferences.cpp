@@ -31,10 +31,10 @@ void write(const QString& key, const QString& value)
 void tglyphora::msavepref_Click()
 {
     write(QStringLiteral("pref"), Conversions::boolText(true));
-    write(QStringLiteral("Gras"), QString::number(ButtonValue(12)));
-    write(QStringLiteral("Italique"), QString::number(ButtonValue(13)));
-    write(QStringLiteral("Barre"), QString::number(ButtonValue(15)));
-    write(QStringLiteral("Souligne"), QString::number(ButtonValue(14)));
+    write(QStringLiteral("Gras"), QString::number(ButtonValue(BoldButton)));
+    write(QStringLiteral("Italique"), QString::number(ButtonValue(ItalicButton)));
+    write(QStringLiteral("Barre"), QString::number(ButtonValue(StrikeButton)));
+    write(QStringLiteral("Souligne"), QString::number(ButtonValue(UnderlineButton)));
     write(QStringLiteral("CoulTxt"), QString::number(ColorValue::fromColor(Text1->ForeColor())));
     write(QStringLiteral("CoulFond"), QString::number(ColorValue::fromColor(Text1->BackColor())));
     write(QStringLiteral("TaillePol"), QString::number(Conversions::roundHalfEven(Text1->font().pointSizeF())));
@@ -57,10 +57,10 @@ void tglyphora::restorePreferences()
     if (!Conversions::toBool(read(QStringLiteral("pref"), Conversions::boolText(false))))
         return;
 
-    setButtonValue(12, Conversions::toInt16(read(QStringLiteral("Gras"), QStringLiteral("0"))));
-    setButtonValue(13, Conversions::toInt16(read(QStringLiteral("Italique"), QStringLiteral("0"))));
-    setButtonValue(15, Conversions::toInt16(read(QStringLiteral("Barre"), QStringLiteral("0"))));
-    setButtonValue(14, Conversions::toInt16(read(QStringLiteral("Souligne"), QStringLiteral("0"))));
+    setButtonValue(BoldButton, Conversions::toInt16(read(QStringLiteral("Gras"), QStringLiteral("0"))));
+    setButtonValue(ItalicButton, Conversions::toInt16(read(QStringLiteral("Italique"), QStringLiteral("0"))));
+    setButtonValue(StrikeButton, Conversions::toInt16(read(QStringLiteral("Barre"), QStringLiteral("0"))));
+    setButtonValue(UnderlineButton, Conversions::toInt16(read(QStringLiteral("Souligne"), QStringLiteral("0"))));
 
     switch (Conversions::toInt16(read(QStringLiteral("Align"), QStringLiteral("0")))) {
     case 0:

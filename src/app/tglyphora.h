@@ -57,6 +57,9 @@ public:
     ctlEBSplitter* ctlEBSplitter2 = nullptr;
     QMenu* mdivers = nullptr;
 
+    // The toolbar buttons that hold the style state.
+    enum StyleButton { BoldButton = 12, ItalicButton = 13, UnderlineButton = 14, StrikeButton = 15 };
+
     // Toolbar button n (1..21) and its value: 1 pressed, 0 released.
     QAction* Button(int n) const;
     int ButtonValue(int n) const;

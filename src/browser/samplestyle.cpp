@@ -9,12 +9,6 @@
 #include <QComboBox>
 #include <QTimer>
 
-namespace {
-
-enum StyleButton { BoldButton = 12, ItalicButton = 13, UnderlineButton = 14, StrikeButton = 15 };
-
-} // namespace
-
 void tglyphora::applyFaceAndStyles(const QString& faceName)
 {
     // One font per box: the face and the four style buttons together.

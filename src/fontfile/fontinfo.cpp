@@ -73,14 +73,14 @@ void FontInfo::applyMainWindowFont()
         throw RuntimeError::objectMissing(); // no selected item
     QFont font = Picture1->font();
     font.setFamilies({selected->text(0)});
-    font.setBold(main->ButtonValue(12) != 0);
-    font.setItalic(main->ButtonValue(13) != 0);
+    font.setBold(main->ButtonValue(tglyphora::BoldButton) != 0);
+    font.setItalic(main->ButtonValue(tglyphora::ItalicButton) != 0);
     const double size = Conversions::leadingNumber(main->Combo1->itemText(main->Combo1->currentIndex()));
     if (size <= 0)
         throw RuntimeError(380, QStringLiteral("Glyphora"), QStringLiteral("Valeur de propriété non valide"));
     font.setPointSizeF(size);
-    font.setStrikeOut(main->ButtonValue(15) != 0);
-    font.setUnderline(main->ButtonValue(14) != 0);
+    font.setStrikeOut(main->ButtonValue(tglyphora::StrikeButton) != 0);
+    font.setUnderline(main->ButtonValue(tglyphora::UnderlineButton) != 0);
     Picture1->setFont(font);
     // Printing the sample puts the font in force on the surface before it is measured.
     Picture1->Print(main->Text1->text());

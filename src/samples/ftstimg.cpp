@@ -25,8 +25,6 @@
 
 namespace {
 
-enum StyleButton { BoldButton = 12, ItalicButton = 13, UnderlineButton = 14, StrikeButton = 15 };
-
 const QString automaticCaption = QStringLiteral("Mode Automatique");
 const QString manualCaption = QStringLiteral("Mode Manuel");
 
@@ -145,13 +143,13 @@ void FtstImg::readMainWindowFont()
     if (!main)
         return;
     m_font.setName(debut::CurrentFaceName);
-    m_font.setBold(main->ButtonValue(BoldButton) != 0);
-    m_font.setItalic(main->ButtonValue(ItalicButton) != 0);
+    m_font.setBold(main->ButtonValue(tglyphora::BoldButton) != 0);
+    m_font.setItalic(main->ButtonValue(tglyphora::ItalicButton) != 0);
     const double size = Conversions::leadingNumber(main->Combo1->currentText());
     if (size > 0)
         m_font.setSize(size);
-    m_font.setStrikethrough(main->ButtonValue(StrikeButton) != 0);
-    m_font.setUnderline(main->ButtonValue(UnderlineButton) != 0);
+    m_font.setStrikethrough(main->ButtonValue(tglyphora::StrikeButton) != 0);
+    m_font.setUnderline(main->ButtonValue(tglyphora::UnderlineButton) != 0);
     m_foreColor = main->Text1->ForeColor();
     m_backColor = main->Text1->BackColor();
 }
