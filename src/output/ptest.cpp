@@ -295,21 +295,32 @@ void Ptest::imprimer()
     }
 }
 
-void Ptest::genererrtf()
+bool Ptest::chooseSheetFile(const QString& title, const QString& defaultName, const QString& description,
+                            const QString& extension, QString& file, QStringList& fonts)
 {
-    const QString file = CMDIALOG::ShowFileDialog(
-        this, CMDIALOG::ModeSave, QStringLiteral("Sauvegarder vers un fichier RTF"), QStringLiteral("listepol.rtf"),
-        CMDIALOG::BuildFilter({QStringLiteral("Fichier RTF"), QStringLiteral("*.rtf"), QStringLiteral("Tous"),
-                               QStringLiteral("*.*")}),
-        QStringLiteral("."), QStringLiteral("rtf"));
+    file = CMDIALOG::ShowFileDialog(
+        this, CMDIALOG::ModeSave, title, defaultName,
+        CMDIALOG::BuildFilter({description, QStringLiteral("*.") + extension, QStringLiteral("Tous"), QStringLiteral("*.*")}),
+        QStringLiteral("."), extension);
     if (file.trimmed().isEmpty())
-        return;
-    const QStringList selected = selectedFonts();
-    if (selected.isEmpty()) {
+        return false;
+    // Checked only once the file is chosen.
+    fonts = selectedFonts();
+    if (fonts.isEmpty()) {
         unsetCursor();
         showMessage(nothingSelectedText);
-        return;
+        return false;
     }
+    return true;
+}
+
+void Ptest::genererrtf()
+{
+    QString file;
+    QStringList selected;
+    if (!chooseSheetFile(QStringLiteral("Sauvegarder vers un fichier RTF"), QStringLiteral("listepol.rtf"),
+                         QStringLiteral("Fichier RTF"), QStringLiteral("rtf"), file, selected))
+        return;
     setCursor(Qt::WaitCursor);
     Temp_list->clear();
     Temp_list->addItems(selected);
@@ -332,19 +343,11 @@ void Ptest::genererrtf()
 
 void Ptest::genererhtml()
 {
-    const QString file = CMDIALOG::ShowFileDialog(
-        this, CMDIALOG::ModeSave, QStringLiteral("Sauvegarder vers un fichier HTML"), QStringLiteral("listepol.htm"),
-        CMDIALOG::BuildFilter({QStringLiteral("Fichier html"), QStringLiteral("*.htm"), QStringLiteral("Tous"),
-                               QStringLiteral("*.*")}),
-        QStringLiteral("."), QStringLiteral("htm"));
-    if (file.trimmed().isEmpty())
+    QString file;
+    QStringList selected;
+    if (!chooseSheetFile(QStringLiteral("Sauvegarder vers un fichier HTML"), QStringLiteral("listepol.htm"),
+                         QStringLiteral("Fichier html"), QStringLiteral("htm"), file, selected))
         return;
-    const QStringList selected = selectedFonts();
-    if (selected.isEmpty()) {
-        unsetCursor();
-        showMessage(nothingSelectedText);
-        return;
-    }
     QFile out(file);
     bool written = out.open(QIODevice::WriteOnly | QIODevice::Truncate);
     if (written) {

@@ -28,6 +28,10 @@ public:
 
     // The selected entries of List1, in list order.
     QStringList selectedFonts() const;
+    // Asks where to write a sheet and takes the selected fonts; false when the user
+    // cancelled, or chose no font (and was told so).
+    bool chooseSheetFile(const QString& title, const QString& defaultName, const QString& description,
+                         const QString& extension, QString& file, QStringList& fonts);
     // Option1(Index): 0 current printer, 1 RTF file, 2 HTML file.
     QRadioButton* Option1(int Index) const;
 
