@@ -92,8 +92,6 @@ void tglyphora::charge()
     List1->insertTopLevelItems(0, items);
     sortList();
 
-    Text1->setText(alphabetSample);
-
     {
         const QSignalBlocker blockSizes(Combo1);
         QStringList sizes;
@@ -117,6 +115,8 @@ void tglyphora::charge()
         font.setStyleStrategy(QFont::NoFontMerging);
         box->setFont(font);
     }
+    // The texts come once their font is set, so that each is laid out once.
+    Text1->setText(alphabetSample);
     Combo1_Click();
     Text2->setText(QStringLiteral("Texte d'essai"));
     List1->setCurrentItem(first);

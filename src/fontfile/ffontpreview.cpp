@@ -41,12 +41,10 @@ FFontPreview::FFontPreview(QWidget* parent) : QDialog(parent)
     setWindowTitle(QCoreApplication::applicationName());
     resize(900, 640);
 
-    Drive1 = new DriveListBox(this);
-    Drive1->setObjectName(QStringLiteral("Drive1"));
-    Dir1 = new DirListBox(this);
-    Dir1->setObjectName(QStringLiteral("Dir1"));
-    File1 = new FileListBox(this);
-    File1->setObjectName(QStringLiteral("File1"));
+    const FolderBrowser browser = createFolderBrowser(this);
+    Drive1 = browser.drive;
+    Dir1 = browser.folders;
+    File1 = browser.files;
     Picture1 = new PictureBox(this);
     Picture1->setObjectName(QStringLiteral("Picture1"));
     Timer1 = new QTimer(this);

@@ -277,3 +277,16 @@ QString FileListBox::FileName() const
     const QListWidgetItem* entry = currentItem();
     return entry && currentRow() >= 0 ? entry->text() : QString();
 }
+
+FolderBrowser createFolderBrowser(QWidget* parent)
+{
+    FolderBrowser browser;
+    browser.drive = new DriveListBox(parent);
+    browser.drive->setObjectName(QStringLiteral("Drive1"));
+    browser.folders = new DirListBox(parent);
+    browser.folders->setObjectName(QStringLiteral("Dir1"));
+    browser.files = new FileListBox(parent);
+    browser.files->setObjectName(QStringLiteral("File1"));
+    browser.files->setPattern(QStringLiteral("*.ttf"));
+    return browser;
+}

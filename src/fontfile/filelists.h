@@ -102,3 +102,12 @@ private:
     QString m_path;
     QString m_pattern = QStringLiteral("*.*");
 };
+
+// The drive, folder and file lists of a window that browses for font files, made
+// and named together ("Drive1", "Dir1", "File1"); the file list shows "*.ttf".
+struct FolderBrowser {
+    DriveListBox* drive = nullptr;
+    DirListBox* folders = nullptr;
+    FileListBox* files = nullptr;
+};
+FolderBrowser createFolderBrowser(QWidget* parent);

@@ -17,13 +17,10 @@ FName::FName(QWidget* parent) : QDialog(parent)
     setWindowTitle(QStringLiteral("Obtenir le nom d'une police"));
     resize(560, 400);
 
-    Drive1 = new DriveListBox(this);
-    Drive1->setObjectName(QStringLiteral("Drive1"));
-    Dir1 = new DirListBox(this);
-    Dir1->setObjectName(QStringLiteral("Dir1"));
-    File1 = new FileListBox(this);
-    File1->setObjectName(QStringLiteral("File1"));
-    File1->setPattern(QStringLiteral("*.ttf"));
+    const FolderBrowser browser = createFolderBrowser(this);
+    Drive1 = browser.drive;
+    Dir1 = browser.folders;
+    File1 = browser.files;
     Command2 = new QPushButton(QStringLiteral("Obtenir le nom"), this);
     Command2->setObjectName(QStringLiteral("Command2"));
     Command2->setAutoDefault(false);
