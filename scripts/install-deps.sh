@@ -5,12 +5,16 @@ set -euo pipefail
 what=${1:-test}
 
 packages=(cmake g++ make pkg-config qt6-base-dev libfontconfig-dev libfreetype-dev libicu-dev
-          fonts-dejavu-core libwmf-dev qt6-translations-l10n)
+          libharfbuzz-dev libwoff-dev zlib1g-dev fonts-dejavu-core libwmf-dev qt6-translations-l10n)
 # xdg-open hands the user's fonts folder to the desktop's file manager.
 packages+=(xdg-utils xvfb xauth xdotool imagemagick)
 if [ "$what" = test ]; then
   packages+=(printer-driver-cups-pdf cups cups-client poppler-utils clang libclang-rt-14-dev
-             python3 libbenchmark-dev)
+             python3 libbenchmark-dev ccache)
+  # Fonts the tests read: CJK collections, Type 1 and CFF faces, a variable font, web fonts.
+  packages+=(fonts-noto-cjk fonts-urw-base35 fonts-inter-variable fonts-dejavu-web fonts-dejavu-extra)
+  # Desktop integration checks and the Debian package.
+  packages+=(desktop-file-utils appstream dpkg-dev file)
 fi
 
 missing=()

@@ -211,6 +211,10 @@ void tglyphora::buildMenus()
         connect(action, &QAction::triggered, this, style.slot);
     }
 
+    // Tools that go beyond the classic menus, between "&Edition" and "&Aide".
+    moutils = menuBar()->addMenu(QStringLiteral("&Outils"));
+    moutils->setObjectName(QStringLiteral("moutils"));
+
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));
     mhelp->setObjectName(QStringLiteral("mhelp"));
     connect(addItem(mhelp, "mabout", QStringLiteral("A propos de ...")), &QAction::triggered, this, &tglyphora::mabout_Click);

@@ -56,6 +56,7 @@ public:
     ctlEBSplitter* ctlEBSplitter1 = nullptr;
     ctlEBSplitter* ctlEBSplitter2 = nullptr;
     QMenu* mdivers = nullptr;
+    QMenu* moutils = nullptr;
 
     // The toolbar buttons that hold the style state.
     enum StyleButton { BoldButton = 12, ItalicButton = 13, UnderlineButton = 14, StrikeButton = 15 };
