@@ -85,7 +85,8 @@ private Q_SLOTS:
         QStringList titles;
         for (QAction* action : w.menuBar()->actions())
             titles.append(action->text());
-        QCOMPARE(titles, (QStringList{QStringLiteral("&Polices"), QStringLiteral("&Divers"), QStringLiteral("&Edition"), QStringLiteral("&Aide")}));
+        QCOMPARE(titles, (QStringList{QStringLiteral("&Polices"), QStringLiteral("&Divers"), QStringLiteral("&Edition"), QStringLiteral("&Outils"), QStringLiteral("&Aide")}));
+        QVERIFY(w.findChild<QMenu*>(QStringLiteral("moutils")));
         for (QMenu* menu : menus)
             QVERIFY(menu);
 
