@@ -5,7 +5,8 @@ set -euo pipefail
 what=${1:-test}
 
 packages=(cmake g++ make pkg-config qt6-base-dev libfontconfig-dev libfreetype-dev libicu-dev
-          libharfbuzz-dev libwoff-dev zlib1g-dev fonts-dejavu-core libwmf-dev qt6-translations-l10n)
+          libharfbuzz-dev libwoff-dev zlib1g-dev fonts-dejavu-core libwmf-dev qt6-translations-l10n
+          libxml2-dev)
 # xdg-open hands the user's fonts folder to the desktop's file manager.
 packages+=(xdg-utils xvfb xauth xdotool imagemagick)
 if [ "$what" = test ]; then

@@ -6,9 +6,11 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_TRUETYPE_TABLES_H
+#include FT_ADVANCES_H
 #include <fontconfig/fontconfig.h>
 #include <fontconfig/fcfreetype.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace FontSystem {
@@ -80,6 +82,59 @@ void mappedRange(FT_Face face, CharacterInfo& info)
     info.lastChar = int(last);
 }
 
+bool isScalarValue(FT_ULong code)
+{
+    return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+}
+
+// The codes one character map gives a glyph, in the map's order (ascending).
+void appendCharmapCodes(FT_Face face, FT_CharMap charmap, std::vector<char32_t>& codes)
+{
+    if (FT_Set_Charmap(face, charmap) != 0)
+        return;
+    const bool symbol = charmap->encoding == FT_ENCODING_MS_SYMBOL;
+    FT_UInt glyph = 0;
+    for (FT_ULong code = FT_Get_First_Char(face, &glyph); glyph != 0; code = FT_Get_Next_Char(face, code, &glyph)) {
+        if (!isScalarValue(code))
+            continue;
+        codes.push_back(char32_t(code));
+        if (symbol && code >= 0xF000 && code <= 0xF0FF)
+            codes.push_back(char32_t(code - 0xF000));
+    }
+}
+
+bool familyNamed(FcPattern* pattern, const QString& family)
+{
+    FcChar8* value = nullptr;
+    for (int i = 0; FcPatternGetString(pattern, FC_FAMILY, i, &value) == FcResultMatch; ++i)
+        if (value && QString::fromUtf8(reinterpret_cast<const char*>(value)).compare(family, Qt::CaseInsensitive) == 0)
+            return true;
+    return false;
+}
+
+Pattern matchPattern(const QString& family, bool bold, bool italic)
+{
+    Pattern request(FcPatternCreate());
+    const QByteArray name = family.toUtf8();
+    FcPatternAddString(request.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(name.constData()));
+    FcPatternAddInteger(request.get(), FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
+    FcPatternAddInteger(request.get(), FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+    FcConfigSubstitute(nullptr, request.get(), FcMatchPattern);
+    FcDefaultSubstitute(request.get());
+    FcResult result = FcResultNoMatch;
+    return Pattern(FcFontMatch(nullptr, request.get(), &result));
+}
+
+std::optional<FaceFile> faceOf(FcPattern* match)
+{
+    FaceFile face;
+    face.path = stringOf(match, FC_FILE);
+    FcPatternGetInteger(match, FC_INDEX, 0, &face.index);
+    if (face.path.isEmpty())
+        return std::nullopt;
+    return face;
+}
+
 } // namespace
 
 QString familyOfFile(const QString& path)
@@ -94,23 +149,62 @@ QString familyOfFile(const QString& path)
 
 std::optional<FaceFile> matchedFace(const QString& family, bool bold, bool italic)
 {
-    Pattern request(FcPatternCreate());
-    const QByteArray name = family.toUtf8();
-    FcPatternAddString(request.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(name.constData()));
-    FcPatternAddInteger(request.get(), FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
-    FcPatternAddInteger(request.get(), FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
-    FcConfigSubstitute(nullptr, request.get(), FcMatchPattern);
-    FcDefaultSubstitute(request.get());
-    FcResult result = FcResultNoMatch;
-    Pattern match(FcFontMatch(nullptr, request.get(), &result));
-    if (!match)
+    const Pattern match = matchPattern(family, bold, italic);
+    return match ? faceOf(match.get()) : std::nullopt;
+}
+
+std::optional<FaceFile> familyFace(const QString& family, bool bold, bool italic)
+{
+    const Pattern match = matchPattern(family, bold, italic);
+    if (!match || family.isEmpty() || !familyNamed(match.get(), family))
         return std::nullopt;
-    FaceFile face;
-    face.path = stringOf(match.get(), FC_FILE);
-    FcPatternGetInteger(match.get(), FC_INDEX, 0, &face.index);
-    if (face.path.isEmpty())
+    return faceOf(match.get());
+}
+
+std::vector<char32_t> mappedCodePoints(const FaceFile& file)
+{
+    const FreeTypeFace handle(file);
+    FT_Face face = handle.face();
+    std::vector<char32_t> codes;
+    if (!face)
+        return codes;
+    for (FT_Int i = 0; i < face->num_charmaps; ++i) {
+        const FT_Encoding encoding = face->charmaps[i]->encoding;
+        if (encoding == FT_ENCODING_UNICODE || encoding == FT_ENCODING_MS_SYMBOL)
+            appendCharmapCodes(face, face->charmaps[i], codes);
+    }
+    // Several maps usually repeat each other (a BMP map beside a full one).
+    std::sort(codes.begin(), codes.end());
+    codes.erase(std::unique(codes.begin(), codes.end()), codes.end());
+    return codes;
+}
+
+std::optional<GlyphMetrics> glyphMetrics(const FaceFile& file, char32_t code)
+{
+    const FreeTypeFace handle(file);
+    FT_Face face = handle.face();
+    if (!face)
         return std::nullopt;
-    return face;
+    FT_UInt glyph = 0;
+    for (FT_Int i = 0; i < face->num_charmaps && glyph == 0; ++i) {
+        const FT_Encoding encoding = face->charmaps[i]->encoding;
+        if (encoding != FT_ENCODING_UNICODE && encoding != FT_ENCODING_MS_SYMBOL)
+            continue;
+        if (FT_Set_Charmap(face, face->charmaps[i]) != 0)
+            continue;
+        glyph = FT_Get_Char_Index(face, code);
+        if (glyph == 0 && encoding == FT_ENCODING_MS_SYMBOL && code <= 0xFF)
+            glyph = FT_Get_Char_Index(face, code + 0xF000);
+    }
+    if (glyph == 0)
+        return std::nullopt;
+    GlyphMetrics metrics;
+    metrics.glyphIndex = glyph;
+    metrics.unitsPerEm = face->units_per_EM;
+    FT_Fixed advance = 0;
+    if (FT_Get_Advance(face, glyph, FT_LOAD_NO_SCALE, &advance) == 0)
+        metrics.advance = long(advance);
+    return metrics;
 }
 
 std::optional<CharacterInfo> characterInfo(const FaceFile& file)

@@ -6,6 +6,7 @@
 #include <QString>
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace FontSystem {
 
@@ -29,5 +30,24 @@ struct CharacterInfo {
 };
 // Read through FreeType; nullopt when the face cannot be opened.
 std::optional<CharacterInfo> characterInfo(const FaceFile& face);
+
+// As matchedFace, but only when the face fontconfig picks carries that family name
+// (case-insensitively): nullopt rather than a substitute for an unknown family.
+std::optional<FaceFile> familyFace(const QString& family, bool bold, bool italic);
+
+// Every code point of the Unicode range (surrogates aside) that the face's Unicode
+// character maps give a glyph, sorted and each once. A symbol map (3, 0) counts too,
+// and its U+F000..U+F0FF also stand for U+0000..U+00FF, as fontconfig reads them.
+// Empty when the face cannot be opened.
+std::vector<char32_t> mappedCodePoints(const FaceFile& face);
+
+struct GlyphMetrics {
+    unsigned glyphIndex = 0;
+    long advance = 0;    // horizontal advance in font units
+    int unitsPerEm = 0;
+};
+// The glyph the face's character maps give a code point, and its advance width;
+// nullopt when the face cannot be opened or has no glyph for it.
+std::optional<GlyphMetrics> glyphMetrics(const FaceFile& face, char32_t code);
 
 } // namespace FontSystem

@@ -216,6 +216,77 @@ QList<Name> familyNames(const QString& family, const QString& subfamily)
     };
 }
 
+namespace {
+
+// Format 4: one segment per BMP code, then the closing 0xFFFF segment.
+QByteArray cmapFormat4(const QList<QPair<char32_t, quint16>>& mapping)
+{
+    QList<QPair<char32_t, quint16>> bmp;
+    for (const auto& entry : mapping)
+        if (entry.first < 0xFFFF)
+            bmp.append(entry);
+    bmp.append({0xFFFF, 0});
+    const int segments = int(bmp.size());
+    int searchRange = 2;
+    int selector = 0;
+    while (searchRange * 2 <= segments * 2) {
+        searchRange *= 2;
+        ++selector;
+    }
+    QByteArray table;
+    put16(table, 4);                              // format
+    put16(table, quint16(16 + 8 * segments));     // length
+    put16(table, 0);                              // language
+    put16(table, quint16(segments * 2));          // segCountX2
+    put16(table, quint16(searchRange));           // searchRange
+    put16(table, quint16(selector));              // entrySelector
+    put16(table, quint16(segments * 2 - searchRange)); // rangeShift
+    for (const auto& entry : bmp)
+        put16(table, quint16(entry.first));       // endCode
+    put16(table, 0);                              // reservedPad
+    for (const auto& entry : bmp)
+        put16(table, quint16(entry.first));       // startCode
+    for (const auto& entry : bmp)                 // idDelta: glyph - code, modulo 65536
+        put16(table, entry.first == 0xFFFF ? 1 : quint16(entry.second - entry.first));
+    for (int i = 0; i < segments; ++i)
+        put16(table, 0);                          // idRangeOffset
+    return table;
+}
+
+QByteArray cmapFormat12(const QList<QPair<char32_t, quint16>>& mapping)
+{
+    QByteArray table;
+    put16(table, 12);                                   // format
+    put16(table, 0);                                    // reserved
+    put32(table, quint32(16 + 12 * mapping.size()));    // length
+    put32(table, 0);                                    // language
+    put32(table, quint32(mapping.size()));              // numGroups
+    for (const auto& entry : mapping) {
+        put32(table, entry.first);                      // startCharCode
+        put32(table, entry.first);                      // endCharCode
+        put32(table, entry.second);                     // startGlyphID
+    }
+    return table;
+}
+
+} // namespace
+
+QByteArray cmap(const QList<QPair<char32_t, quint16>>& mapping)
+{
+    const QByteArray bmp = cmapFormat4(mapping);
+    const QByteArray full = cmapFormat12(mapping);
+    QByteArray table;
+    put16(table, 0); // version
+    put16(table, 2); // numTables
+    put16(table, 3);
+    put16(table, 1);
+    put32(table, 4 + 2 * 8);
+    put16(table, 3);
+    put16(table, 10);
+    put32(table, quint32(4 + 2 * 8 + bmp.size()));
+    return table + bmp + full;
+}
+
 QByteArray withSymbolCmap(const QByteArray& source)
 {
     QByteArray cmap = tableOf(source, "cmap");

@@ -61,6 +61,9 @@ QByteArray renamed(const QByteArray& font, const QList<Name>& names);
 // The usual names of a drawable test family: 1 family, 2 subfamily, 4 full name, 6
 // PostScript name, plus copyright, unique id, version and trademark.
 QList<Name> familyNames(const QString& family, const QString& subfamily = QStringLiteral("Regular"));
+// A cmap table mapping exactly the given code points to the given glyphs: a BMP map
+// (3, 1, format 4) and a full one (3, 10, format 12). Codes must be ascending.
+QByteArray cmap(const QList<QPair<char32_t, quint16>>& mapping);
 // Changes the first Microsoft Unicode character map (3, 1) into a symbol one (3, 0).
 QByteArray withSymbolCmap(const QByteArray& font);
 // Patches OS/2 ulCodePageRange1 and, when given, the first, last and default characters
