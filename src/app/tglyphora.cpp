@@ -214,6 +214,9 @@ void tglyphora::buildMenus()
     // Tools that go beyond the classic menus, between "&Edition" and "&Aide".
     moutils = menuBar()->addMenu(QStringLiteral("&Outils"));
     moutils->setObjectName(QStringLiteral("moutils"));
+    auto* municode = addItem(moutils, "municode", QStringLiteral("Table des caractères &Unicode..."));
+    municode->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
+    connect(municode, &QAction::triggered, this, &tglyphora::municode_Click);
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));
     mhelp->setObjectName(QStringLiteral("mhelp"));
