@@ -75,6 +75,28 @@ private Q_SLOTS:
         QVERIFY(coverage.codes() == expected);
     }
 
+    void aSymbolCharacterMapReadsAsFontconfigReadsIt()
+    {
+        const QString path = m_dir.filePath(QStringLiteral("symbole.ttf"));
+        QVERIFY(Sfnt::writeFile(path, Sfnt::withSymbolCmap(Sfnt::drawable(Sfnt::familyNames(QStringLiteral("Glyphora Symbole"))))));
+        // DejaVu keeps a Unicode map (0, 3) beside it: that one is read.
+        const UnicodeCoverage coverage = UnicodeCoverage::ofFace({path, 0});
+        QVERIFY(coverage.contains(0x41));
+        QVERIFY(!coverage.contains(0));
+        QVERIFY(coverage.codes() == fcCharset({path, 0}));
+
+        // With only a symbol map, its U+F0xx also stand for U+00xx.
+        QByteArray cmap = Sfnt::cmap({{0xF041, 36}, {0xF042, 37}, {0xF0E9, 38}});
+        cmap[3] = 1; // one record: the first, (3, 1) ...
+        cmap[7] = 0; // ... made (3, 0)
+        const QString only = m_dir.filePath(QStringLiteral("symbole-seul.ttf"));
+        const QByteArray base = Sfnt::drawable(Sfnt::familyNames(QStringLiteral("Glyphora Symbole Seul")));
+        QVERIFY(Sfnt::writeFile(only, Sfnt::withTable(base, "cmap", cmap)));
+        const UnicodeCoverage symbol = UnicodeCoverage::ofFace({only, 0});
+        QVERIFY(symbol.codes() == (Codes{0x41, 0x42, 0xE9, 0xF041, 0xF042, 0xF0E9}));
+        QVERIFY(symbol.codes() == fcCharset({only, 0}));
+    }
+
     void boldAndCollectionsPickTheirFace()
     {
         const auto bold = FontSystem::familyFace(QStringLiteral("DejaVu Sans"), true, false);

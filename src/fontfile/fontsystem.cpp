@@ -168,10 +168,13 @@ std::vector<char32_t> mappedCodePoints(const FaceFile& file)
     std::vector<char32_t> codes;
     if (!face)
         return codes;
-    for (FT_Int i = 0; i < face->num_charmaps; ++i) {
-        const FT_Encoding encoding = face->charmaps[i]->encoding;
-        if (encoding == FT_ENCODING_UNICODE || encoding == FT_ENCODING_MS_SYMBOL)
-            appendCharmapCodes(face, face->charmaps[i], codes);
+    // The symbol map counts only for a face without a Unicode one, as fontconfig has it.
+    for (const FT_Encoding wanted : {FT_ENCODING_UNICODE, FT_ENCODING_MS_SYMBOL}) {
+        for (FT_Int i = 0; i < face->num_charmaps; ++i)
+            if (face->charmaps[i]->encoding == wanted)
+                appendCharmapCodes(face, face->charmaps[i], codes);
+        if (!codes.empty())
+            break;
     }
     // Several maps usually repeat each other (a BMP map beside a full one).
     std::sort(codes.begin(), codes.end());

@@ -36,8 +36,9 @@ std::optional<CharacterInfo> characterInfo(const FaceFile& face);
 std::optional<FaceFile> familyFace(const QString& family, bool bold, bool italic);
 
 // Every code point of the Unicode range (surrogates aside) that the face's Unicode
-// character maps give a glyph, sorted and each once. A symbol map (3, 0) counts too,
-// and its U+F000..U+F0FF also stand for U+0000..U+00FF, as fontconfig reads them.
+// character maps give a glyph, sorted and each once. A face without one is read
+// through its symbol map (3, 0), whose U+F000..U+F0FF also stand for U+0000..U+00FF,
+// as fontconfig reads them.
 // Empty when the face cannot be opened.
 std::vector<char32_t> mappedCodePoints(const FaceFile& face);
 

@@ -20,6 +20,7 @@
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QVBoxLayout>
+#include <algorithm>
 
 UnicodeTable::UnicodeTable(QWidget* parent) : QDialog(parent)
 {
