@@ -1,6 +1,6 @@
-// The one place where the font-file windows ask fontconfig and FreeType: the family a
-// file would be listed under, the file a family and style resolve to, and what a
-// face's OS/2 table and character maps say.
+// The one place where the font-file windows and the Unicode table ask fontconfig and
+// FreeType: the family a file would be listed under, the file a family and style
+// resolve to, and what a face's OS/2 table and character maps say.
 #pragma once
 
 #include <QString>
