@@ -21,8 +21,9 @@ QString fold(QStringView text)
     QString out;
     out.reserve(decomposed.size());
     for (QChar c : decomposed) {
-        const QChar::Category category = c.category();
-        if (category != QChar::Mark_NonSpacing && category != QChar::Mark_Enclosing)
+        // Accents of the Latin, Greek and Cyrillic letters go; marks that make another
+        // letter in other scripts (Japanese voicing marks, ...) stay.
+        if (c.unicode() < 0x0300 || c.unicode() > 0x036F)
             out.append(c);
     }
     return out.toCaseFolded();
