@@ -48,6 +48,8 @@ FontListFilter::FontListFilter(QTreeWidget* list, QWidget* parent) : QWidget(par
         m_rowsValid = false;
         if (isFiltering())
             QTimer::singleShot(0, this, [this] { apply(); });
+        else
+            updateCount();
     };
     QAbstractItemModel* model = m_list->model();
     connect(model, &QAbstractItemModel::rowsInserted, this, invalidate);
@@ -141,6 +143,10 @@ bool FontListFilter::isFiltering() const
 void FontListFilter::txtFiltre_Change()
 {
     m_words = TextFold::words(txtFiltre->text());
+    // Rows match on their listed name at once, and on every other name once the index
+    // is built.
+    if (!m_words.isEmpty())
+        ensureIndex();
     apply();
 }
 

@@ -20,6 +20,14 @@ FontNameDelegate::FontNameDelegate(QTreeWidget* list, std::function<const Family
     connect(m_repaint, &QTimer::timeout, m_list->viewport(), qOverload<>(&QWidget::update));
     connect(m_renderer, &NameRenderer::imageReady, m_repaint, qOverload<>(&QTimer::start));
     connect(m_list->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { keepVisibleQueued(); });
+    m_list->viewport()->installEventFilter(this);
+}
+
+bool FontNameDelegate::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_list->viewport() && event->type() == QEvent::Paint)
+        m_waiting = 0; // counted afresh for each paint of the rows
+    return QStyledItemDelegate::eventFilter(watched, event);
 }
 
 FontNameDelegate::~FontNameDelegate() = default;

@@ -27,6 +27,9 @@ public:
     // Rows drawn in the interface font in the last paint, while waiting for images.
     int waitingRows() const { return m_waiting; }
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void keepVisibleQueued();
 

@@ -17,6 +17,7 @@ struct CheckResult {
     FcConfig* fresh = nullptr;
     QStringList folders;
     FontWatch::Stamps stamps;
+    bool stale = false;
 };
 
 QStringList foldersOf(FcConfig* config)
@@ -56,6 +57,7 @@ QString anyFontFile(FcConfig* config)
 
 FontWatch::FontWatch(QObject* parent) : QObject(parent)
 {
+    setObjectName(QStringLiteral("FontWatch"));
     m_settle = new QTimer(this);
     m_settle->setSingleShot(true);
     // Copying a font takes a moment: the folder is looked at once it has settled.
@@ -103,11 +105,19 @@ void FontWatch::start()
             CheckResult result;
             result.folders = fontFolders();
             result.stamps = stampsOf(result.folders);
+            // Fonts may have come between loading the configuration and these stamps.
+            FcConfig* current = FcConfigReference(nullptr);
+            result.stale = current && !FcConfigUptoDate(current);
+            if (current)
+                FcConfigDestroy(current);
             return result;
         },
         [this, generation](CheckResult result) {
-            if (generation == m_generation)
-                watch(result.folders, result.stamps);
+            if (generation != m_generation)
+                return;
+            watch(result.folders, result.stamps);
+            if (result.stale)
+                check();
         });
 }
 

@@ -89,8 +89,8 @@ bool prepare()
     const QString dejavu = QFileInfo(Sfnt::installedTrueTypeFile()).absolutePath();
     const QString conf = QStringLiteral(
         "<?xml version=\"1.0\"?>\n<!DOCTYPE fontconfig SYSTEM \"fonts.dtd\">\n<fontconfig>\n"
-        "  <dir>%1</dir>\n  <dir>%2</dir>\n  <dir prefix=\"xdg\">fonts</dir>\n  <cachedir>%3</cachedir>\n"
-        "</fontconfig>\n").arg(fonts, dejavu, dir.filePath(QStringLiteral("cache")));
+        "  <dir>%1</dir>\n  <dir>%2</dir>\n  <dir>%4</dir>\n  <cachedir>%3</cachedir>\n"
+        "</fontconfig>\n").arg(fonts, dejavu, dir.filePath(QStringLiteral("cache")), userFontsFolder());
     if (!Sfnt::writeFile(dir.filePath(QStringLiteral("fonts.conf")), conf.toUtf8()))
         return false;
     qputenv("FONTCONFIG_FILE", dir.filePath(QStringLiteral("fonts.conf")).toLocal8Bit());
