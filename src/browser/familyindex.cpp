@@ -125,6 +125,59 @@ FamilyIndex::Snapshot::~Snapshot()
         FcPatternDestroy(pattern);
 }
 
+namespace {
+
+// Adds one face to the builder of its family.
+void addFace(Builder& b, FcPattern* pattern, const LanguageSets& languages)
+{
+    for (int n = 1;; ++n) {
+        const QString other = stringOf(pattern, FC_FAMILY, n);
+        if (other.isEmpty())
+            break;
+        if (!b.family.names.contains(other))
+            b.family.names.append(other);
+    }
+    b.family.monospace = b.family.monospace && intOf(pattern, FC_SPACING, FC_PROPORTIONAL) >= FC_DUAL;
+    FcLangSet* faceLanguages = nullptr;
+    // Faces of one family mostly share their languages: test them once.
+    if (FcPatternGetLangSet(pattern, FC_LANG, 0, &faceLanguages) == FcResultMatch
+        && !(b.lastLanguages && FcLangSetEqual(b.lastLanguages, faceLanguages))) {
+        b.family.writingSystems = languages.covered(faceLanguages, b.family.writingSystems);
+        b.lastLanguages = faceLanguages;
+    }
+    const int score = plainness(pattern);
+    if (score < b.plainScore) {
+        b.plainScore = score;
+        b.plain = pattern;
+    }
+}
+
+// What the family's plain face tells: file, symbol map, the characters of its name.
+void finish(FamilyIndex::Family& f, FcPattern* plain, bool readKinds)
+{
+    FcBool symbol = FcFalse;
+    FcPatternGetBool(plain, FC_SYMBOL, 0, &symbol);
+    f.symbol = symbol == FcTrue;
+    f.file = stringOf(plain, FC_FILE);
+    f.faceIndex = intOf(plain, FC_INDEX, 0) & 0xFFFF;
+    FcCharSet* charset = nullptr;
+    if (FcPatternGetCharSet(plain, FC_CHARSET, 0, &charset) == FcResultMatch && charset) {
+        f.drawsOwnName = !f.symbol && hasAll(charset, f.name);
+        if (!f.drawsOwnName)
+            f.sample = sampleOf(charset);
+    }
+    QStringList folded;
+    for (const QString& name : f.names)
+        folded.append(TextFold::fold(name));
+    f.folded = folded.join(QLatin1Char('\n'));
+    if (readKinds)
+        f.kind = FontKind::classify(f.file.isEmpty() ? std::nullopt : FontKind::readOs2File(f.file, f.faceIndex), f.symbol);
+    else if (f.symbol)
+        f.kind = FontKind::Kind::Symbol;
+}
+
+} // namespace
+
 FamilyIndex FamilyIndex::build(const Snapshot& snapshot, bool readKinds)
 {
     const LanguageSets languages;
@@ -137,60 +190,22 @@ FamilyIndex FamilyIndex::build(const Snapshot& snapshot, bool readKinds)
         auto found = byName.constFind(name);
         if (found == byName.constEnd()) {
             found = byName.insert(name, int(builders.size()));
-            builders.append(Builder{});
-            builders.last().family.name = name;
-            builders.last().family.names = {name};
-            builders.last().family.monospace = true;
-            builders.last().plainScore = INT_MAX;
+            Builder fresh;
+            fresh.family.name = name;
+            fresh.family.names = {name};
+            fresh.family.monospace = true;
+            fresh.plainScore = INT_MAX;
+            builders.append(std::move(fresh));
         }
-        Builder& b = builders[*found];
-        for (int n = 1;; ++n) {
-            const QString other = stringOf(pattern, FC_FAMILY, n);
-            if (other.isEmpty())
-                break;
-            if (!b.family.names.contains(other))
-                b.family.names.append(other);
-        }
-        b.family.monospace = b.family.monospace && intOf(pattern, FC_SPACING, FC_PROPORTIONAL) >= FC_DUAL;
-        FcLangSet* faceLanguages = nullptr;
-        // Faces of one family mostly share their languages: test them once.
-        if (FcPatternGetLangSet(pattern, FC_LANG, 0, &faceLanguages) == FcResultMatch
-            && !(b.lastLanguages && FcLangSetEqual(b.lastLanguages, faceLanguages))) {
-            b.family.writingSystems = languages.covered(faceLanguages, b.family.writingSystems);
-            b.lastLanguages = faceLanguages;
-        }
-        const int score = plainness(pattern);
-        if (score < b.plainScore) {
-            b.plainScore = score;
-            b.plain = pattern;
-        }
+        addFace(builders[*found], pattern, languages);
     }
 
     FamilyIndex index;
     index.m_families.reserve(builders.size());
     for (Builder& b : builders) {
-        Family& f = b.family;
-        FcBool symbol = FcFalse;
-        FcPatternGetBool(b.plain, FC_SYMBOL, 0, &symbol);
-        f.symbol = symbol == FcTrue;
-        f.file = stringOf(b.plain, FC_FILE);
-        f.faceIndex = intOf(b.plain, FC_INDEX, 0) & 0xFFFF;
-        FcCharSet* charset = nullptr;
-        if (FcPatternGetCharSet(b.plain, FC_CHARSET, 0, &charset) == FcResultMatch && charset) {
-            f.drawsOwnName = !f.symbol && hasAll(charset, f.name);
-            if (!f.drawsOwnName)
-                f.sample = sampleOf(charset);
-        }
-        QStringList folded;
-        for (const QString& name : f.names)
-            folded.append(TextFold::fold(name));
-        f.folded = folded.join(QLatin1Char('\n'));
-        if (readKinds)
-            f.kind = FontKind::classify(f.file.isEmpty() ? std::nullopt : FontKind::readOs2File(f.file, f.faceIndex), f.symbol);
-        else if (f.symbol)
-            f.kind = FontKind::Kind::Symbol;
-        index.m_byName.insert(f.name, int(index.m_families.size()));
-        index.m_families.append(std::move(f));
+        finish(b.family, b.plain, readKinds);
+        index.m_byName.insert(b.family.name, int(index.m_families.size()));
+        index.m_families.append(std::move(b.family));
     }
     return index;
 }

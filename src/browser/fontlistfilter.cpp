@@ -10,6 +10,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopeGuard>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTimer>
@@ -176,6 +178,7 @@ void FontListFilter::indexBuilt(std::shared_ptr<const FamilyIndex> index, quint6
     m_building = false;
     m_index = std::move(index);
     m_rowsValid = false;
+    refreshRows(); // now rather than on the next key
     fillWritingSystems();
     if (isFiltering())
         apply();
@@ -303,7 +306,12 @@ void FontListFilter::updateCount()
 
 void FontListFilter::keepOrMoveSelection()
 {
+    // Rows are brought into view vertically only: the names keep their left edge.
+    QScrollBar* across = m_list->horizontalScrollBar();
+    const int left = across->value();
+    const auto keepLeft = qScopeGuard([across, left] { across->setValue(left); });
     QTreeWidgetItem* current = m_list->currentItem();
+    m_showPending = false;
     if (m_visible.isEmpty()) {
         if (current || !m_list->selectedItems().isEmpty()) {
             m_list->setCurrentItem(nullptr);
@@ -320,7 +328,16 @@ void FontListFilter::keepOrMoveSelection()
     QTreeWidgetItem* first = m_list->topLevelItem(m_visible.first());
     m_list->setCurrentItem(first);
     m_list->scrollToItem(first);
-    emit showFont();
+    // The samples follow once the keys typed together have been handled: the list
+    // answers each key at once, and a face is loaded only for the row that stays.
+    m_showPending = true;
+    QTimer::singleShot(0, this, [this] {
+        if (!m_showPending)
+            return;
+        m_showPending = false;
+        if (m_list->currentItem() && !m_list->currentItem()->isHidden())
+            emit showFont();
+    });
 }
 
 int FontListFilter::visibleCount() const

@@ -7,7 +7,8 @@
 //    position in status panel 4 go by;
 //  - after a change, the selected font stays when still visible; otherwise the first
 //    visible row is selected and shown; with no visible row nothing is selected and
-//    the samples stay as they are.
+//    the samples stay as they are. The samples follow the new row once the pending
+//    events (keys typed together) have been handled.
 #pragma once
 
 #include "browser/familyindex.h"
@@ -90,6 +91,7 @@ private:
     std::shared_ptr<const FamilyIndex> m_index;
     quint64 m_generation = 0;
     bool m_building = false;
+    bool m_showPending = false;
 
     QStringList m_words;
     FontKind::Genre m_genre = FontKind::Genre::All;
