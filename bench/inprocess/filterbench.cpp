@@ -195,6 +195,31 @@ void scrollWholeList(benchmark::State& state, bool names)
     state.counters["images_MB"] = delegate ? delegate->renderer()->cachedBytes() / 1048576.0 : 0;
 }
 
+// The cost of one image, drawn on this thread: CPU time per family over the first
+// families of the list (each a first load of its face).
+void BM_RenderName(benchmark::State& state)
+{
+    tglyphora* w = window();
+    FontListFilter* filter = filterOf(w);
+    filter->ensureIndex();
+    waitUntil([&] { return filter->index() != nullptr; });
+    const int count = std::min(int(state.range(0)), w->List1->topLevelItemCount());
+    std::vector<double> cpu;
+    for (auto _ : state) {
+        for (int i = 0; i < count; ++i) {
+            const FamilyIndex::Family* family = filter->index()->find(w->List1->topLevelItem(i)->text(0));
+            const double start = threadCpuMs();
+            const QImage image = NameRenderer::render({family->name, family->drawsOwnName, family->sample},
+                                                      w->List1->font(), 17, 1);
+            benchmark::DoNotOptimize(image);
+            cpu.push_back(threadCpuMs() - start);
+        }
+    }
+    state.counters["cpu_median_ms"] = percentile(cpu, 0.5);
+    state.counters["cpu_p90_ms"] = percentile(cpu, 0.9);
+    state.counters["cpu_max_ms"] = percentile(cpu, 1.0);
+}
+
 void BM_ScrollNamesOn(benchmark::State& state) { scrollWholeList(state, true); }
 void BM_ScrollNamesOff(benchmark::State& state) { scrollWholeList(state, false); }
 
@@ -202,6 +227,7 @@ void BM_ScrollNamesOff(benchmark::State& state) { scrollWholeList(state, false);
 
 BENCHMARK(BM_FilterKeystroke)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_IndexOnePass)->Arg(0)->Arg(1)->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_RenderName)->Arg(300)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ScrollNamesOn)->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ScrollNamesOff)->Iterations(1)->Unit(benchmark::kMillisecond);
 

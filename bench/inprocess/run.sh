@@ -33,7 +33,7 @@ for tier in "${tiers[@]}"; do
   echo "== $tier preview of one uninstalled file"
   GLYPHORA_PREVIEW_FONT=$preview_font "$b/inprocess/previewbench" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
   # Each in a fresh process: peak memory with names in their own font on and off.
-  for bench in BM_FilterKeystroke BM_IndexOnePass BM_ScrollNamesOn BM_ScrollNamesOff; do
+  for bench in BM_FilterKeystroke BM_IndexOnePass BM_RenderName BM_ScrollNamesOn BM_ScrollNamesOff; do
     echo "== $tier $bench"
     "$b/inprocess/filterbench" --benchmark_filter="^$bench" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
   done

@@ -51,10 +51,17 @@ NameRenderer::~NameRenderer()
 
 void NameRenderer::setGeometry(const QFont& interfaceFont, int rowHeight, qreal pixelRatio)
 {
-    QMutexLocker lock(&m_shared->mutex);
-    if (m_shared->interfaceFont == interfaceFont && m_shared->rowHeight == rowHeight && m_shared->pixelRatio == pixelRatio)
+    if (m_font == interfaceFont && m_rowHeight == rowHeight && m_pixelRatio == pixelRatio)
         return;
-    m_shared->interfaceFont = interfaceFont;
+    m_font = interfaceFont;
+    m_rowHeight = rowHeight;
+    m_pixelRatio = pixelRatio;
+    // The worker gets a font of its own: a QFont shared between threads would have its
+    // cached engines replaced by each thread in turn.
+    QFont detached;
+    detached.fromString(interfaceFont.toString());
+    QMutexLocker lock(&m_shared->mutex);
+    m_shared->interfaceFont = detached;
     m_shared->rowHeight = rowHeight;
     m_shared->pixelRatio = pixelRatio;
     ++m_shared->generation;

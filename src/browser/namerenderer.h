@@ -53,6 +53,9 @@ private:
     std::shared_ptr<Shared> m_shared;
     QThread* m_thread = nullptr;
     QObject* m_worker = nullptr;
+    QFont m_font; // as last given, used on this thread only
+    int m_rowHeight = 0;
+    qreal m_pixelRatio = 0;
     QCache<QString, QImage> m_images;
     QSet<QString> m_requested;
 };
