@@ -311,8 +311,8 @@ void FontListFilter::keepOrMoveSelection()
     const int left = across->value();
     const auto keepLeft = qScopeGuard([across, left] { across->setValue(left); });
     QTreeWidgetItem* current = m_list->currentItem();
-    m_showPending = false;
     if (m_visible.isEmpty()) {
+        m_showPending = false; // the samples stay as they are
         if (current || !m_list->selectedItems().isEmpty()) {
             m_list->setCurrentItem(nullptr);
             m_list->clearSelection();
