@@ -3,6 +3,7 @@
 
 #include "app/debut.h"
 #include "app/toolicons.h"
+#include "browser/fontlistfilter.h"
 #include "browser/samplebox.h"
 #include "components/conversions.h"
 #include "components/ctlebsplitter.h"
@@ -152,6 +153,7 @@ void tglyphora::buildMenus()
     auto* elem = addItem(mnupol, "ElemPol_0", QStringLiteral("police"));
     m_elemPol.append(elem);
     connect(elem, &QAction::triggered, this, [this] { ElemPol_Click(0); });
+    buildFontListMenu(mnupol);
 
     mdivers = menuBar()->addMenu(QStringLiteral("&Divers"));
     mdivers->setObjectName(QStringLiteral("mdivers"));
@@ -346,6 +348,7 @@ void tglyphora::buildWorkArea()
         box->setForeColor(Qt::black);
         box->setBackColor(Qt::white);
     }
+    m_filtre = FontListFilter::install(List1, this);
     setTabOrder(List1, Text1);
     setTabOrder(Text1, Text2);
 
