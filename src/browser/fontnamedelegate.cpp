@@ -11,7 +11,8 @@
 #include <QTreeWidget>
 
 FontNameDelegate::FontNameDelegate(QTreeWidget* list, std::function<const FamilyIndex*()> index)
-    : QStyledItemDelegate(list), m_list(list), m_index(std::move(index)), m_renderer(new NameRenderer(this))
+    : QStyledItemDelegate(list), m_list(list), m_viewport(list->viewport()), m_index(std::move(index)),
+      m_renderer(new NameRenderer(this))
 {
     m_tinted.setMaxCost(400);
     m_repaint = new QTimer(this);
@@ -20,13 +21,16 @@ FontNameDelegate::FontNameDelegate(QTreeWidget* list, std::function<const Family
     connect(m_repaint, &QTimer::timeout, m_list->viewport(), qOverload<>(&QWidget::update));
     connect(m_renderer, &NameRenderer::imageReady, m_repaint, qOverload<>(&QTimer::start));
     connect(m_list->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { keepVisibleQueued(); });
-    m_list->viewport()->installEventFilter(this);
+    m_viewport->installEventFilter(this);
 }
 
 bool FontNameDelegate::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_list->viewport() && event->type() == QEvent::Paint)
-        m_waiting = 0; // counted afresh for each paint of the rows
+    if (watched == m_viewport) {
+        if (event->type() == QEvent::Paint)
+            m_waiting = 0; // counted afresh for each paint of the rows
+        return false;
+    }
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 

@@ -34,6 +34,9 @@ private:
     void keepVisibleQueued();
 
     QTreeWidget* m_list;
+    // The list's viewport, kept so that events reaching it while the list is being
+    // destroyed are recognised without calling into the half-destroyed list.
+    QWidget* m_viewport;
     std::function<const FamilyIndex*()> m_index;
     NameRenderer* m_renderer;
     QTimer* m_repaint;
