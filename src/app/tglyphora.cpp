@@ -214,6 +214,7 @@ void tglyphora::buildMenus()
     // Tools that go beyond the classic menus, between "&Edition" and "&Aide".
     moutils = menuBar()->addMenu(QStringLiteral("&Outils"));
     moutils->setObjectName(QStringLiteral("moutils"));
+    connect(addItem(moutils, "minstaller", QStringLiteral("&Installer des polices...")), &QAction::triggered, this, &tglyphora::minstaller_Click);
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));
     mhelp->setObjectName(QStringLiteral("mhelp"));
