@@ -13,7 +13,10 @@
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QApplication>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QWheelEvent>
 #include <QTemporaryDir>
 
 namespace {
@@ -161,6 +164,36 @@ private Q_SLOTS:
         QVERIFY(window.lastMessage().isEmpty());
         QVERIFY(!FontRegistration::registeredFamilies().contains(QStringLiteral("Glyphora Face Deux")));
         QVERIFY(inkIn(window.Picture1, 0, 60) > 500);
+    }
+
+    void aTallDrawingScrolls()
+    {
+        FFontPreview window;
+        window.resize(900, 600);
+        window.show();
+        QCOMPARE(window.VScroll1->maximum(), 0);
+        window.cboType->setCurrentIndex(3);
+        choose(window.File1, QStringLiteral("c.ttc"));
+        // Two faces do not fit: the drawing grew below the bottom, and the bar reaches it.
+        const int content = window.Picture1->ContentHeight();
+        QVERIFY2(content > window.Picture1->height(), qPrintable(QString::number(content)));
+        QVERIFY(window.Picture1->Image().height() >= content);
+        QCOMPARE(window.VScroll1->maximum(), content - window.Picture1->height());
+        QVERIFY(window.VScroll1->geometry().left() > window.Picture1->geometry().right());
+        const QImage top = window.Picture1->grab().toImage();
+        window.VScroll1->setValue(window.VScroll1->maximum());
+        QCOMPARE(window.Picture1->ScrollY(), window.VScroll1->maximum());
+        QVERIFY(window.Picture1->grab().toImage() != top);
+        // The wheel scrolls back up, and the bar follows.
+        QWheelEvent wheel(QPointF(10, 10), window.Picture1->mapToGlobal(QPointF(10, 10)), QPoint(), QPoint(0, 240),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(window.Picture1, &wheel);
+        QCOMPARE(window.Picture1->ScrollY(), window.VScroll1->maximum() - 120);
+        QCOMPARE(window.VScroll1->value(), window.Picture1->ScrollY());
+        // Another file starts at the top again.
+        window.cboType->setCurrentIndex(0);
+        choose(window.File1, QStringLiteral("a.ttf"));
+        QCOMPARE(window.Picture1->ScrollY(), 0);
     }
 
     void openTypeCffIsDrawn()

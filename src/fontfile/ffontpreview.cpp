@@ -15,6 +15,8 @@
 #include <QComboBox>
 #include <QFileInfo>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
 #include <QCoreApplication>
 #include <QDir>
 #include <QGuiApplication>
@@ -62,6 +64,9 @@ FFontPreview::FFontPreview(QWidget* parent) : QDialog(parent)
     cmdInstaller->setObjectName(QStringLiteral("cmdInstaller"));
     cmdInstaller->setAutoDefault(false);
     cmdInstaller->setEnabled(false);
+    VScroll1 = new QScrollBar(Qt::Vertical, this);
+    VScroll1->setObjectName(QStringLiteral("VScroll1"));
+    VScroll1->setRange(0, 0);
 
     connect(Drive1, &DriveListBox::Change, this, &FFontPreview::Drive1_Change);
     connect(Dir1, &DirListBox::Change, this, &FFontPreview::Dir1_Change);
@@ -69,6 +74,12 @@ FFontPreview::FFontPreview(QWidget* parent) : QDialog(parent)
     connect(Timer1, &QTimer::timeout, this, &FFontPreview::Timer1_Timer);
     connect(cboType, &QComboBox::currentIndexChanged, this, &FFontPreview::cboType_Click);
     connect(cmdInstaller, &QPushButton::clicked, this, &FFontPreview::cmdInstaller_Click);
+    connect(Picture1, &PictureBox::ContentHeightChanged, this, [this] { updateScrollRange(); });
+    connect(Picture1, &PictureBox::ScrollYChanged, this, [this](int y) {
+        const QSignalBlocker quiet(VScroll1);
+        VScroll1->setValue(y);
+    });
+    connect(VScroll1, &QScrollBar::valueChanged, Picture1, &PictureBox::setScrollY);
     for (QWidget* control : {static_cast<QWidget*>(Drive1), static_cast<QWidget*>(Dir1), static_cast<QWidget*>(File1),
                              static_cast<QWidget*>(Picture1), static_cast<QWidget*>(cboType),
                              static_cast<QWidget*>(cmdInstaller)})
@@ -181,8 +192,20 @@ void FFontPreview::Form_Resize()
     cboType->setGeometry(margin, File1->geometry().bottom() + 1 + margin, listWidth, typeHeight);
     cmdInstaller->setGeometry(margin, cboType->geometry().bottom() + 1 + margin, listWidth, buttonHeight);
     const int left = Drive1->geometry().right() + 1 + margin;
-    Picture1->setGeometry(left, margin, std::max(0, width() - left - margin), inner);
+    const int scrollWidth = VScroll1->sizeHint().width();
+    Picture1->setGeometry(left, margin, std::max(0, width() - left - margin - scrollWidth), inner);
+    VScroll1->setGeometry(Picture1->geometry().right() + 1, margin, scrollWidth, inner);
+    updateScrollRange();
     Timer1->start();
+}
+
+void FFontPreview::updateScrollRange()
+{
+    const QSignalBlocker quiet(VScroll1);
+    VScroll1->setRange(0, std::max(0, Picture1->ContentHeight() - Picture1->height()));
+    VScroll1->setPageStep(std::max(1, Picture1->height()));
+    VScroll1->setSingleStep(std::max(1, Picture1->TextHeight()));
+    VScroll1->setValue(Picture1->ScrollY());
 }
 
 void FFontPreview::resizeEvent(QResizeEvent* event)
@@ -225,9 +248,9 @@ void FFontPreview::DrawSelectedFile()
         Picture1->Print(m_message + QStringLiteral("\r\n"));
     }
     drawFace(*preview);
-    // The other faces of a collection, one after the other.
+    // The other faces of a collection, one after the other, as long as there is room.
     const int faces = std::min(preview->FaceCount(), FontRegistration::maxFaces);
-    for (int face = 1; face < faces; ++face) {
+    for (int face = 1; face < faces && Picture1->CurrentY() < PictureBox::maxHeight; ++face) {
         preview->setFaceIndex(face);
         drawFace(*preview);
     }

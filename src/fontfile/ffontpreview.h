@@ -15,6 +15,7 @@ class FileListBox;
 class PictureBox;
 class QComboBox;
 class QPushButton;
+class QScrollBar;
 class QTimer;
 
 class FFontPreview : public QDialog {
@@ -30,6 +31,7 @@ public:
     QTimer* Timer1 = nullptr;
     QComboBox* cboType = nullptr;
     QPushButton* cmdInstaller = nullptr;
+    QScrollBar* VScroll1 = nullptr; // scrolls Picture1 when the drawing is taller (collections)
 
     // Set at load when the program was started with arguments or the start folder
     // could not be opened: every drawing then puts the information text on the clipboard.
@@ -70,6 +72,7 @@ private:
     void drawSamples(const CFontPreview& preview);
     void drawFace(const CFontPreview& preview);
     void applyFiles();
+    void updateScrollRange();
     static PreviewText::FileDescription describe(const CFontPreview& preview);
     static bool leftButtonDown();
 
