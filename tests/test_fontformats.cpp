@@ -192,7 +192,12 @@ private Q_SLOTS:
 
     void previewOfWebFontsFromMemory()
     {
+        // A temporary folder of this test's own: nothing may be unpacked into it.
+        QTemporaryDir privateTemp;
+        const QByteArray oldTemp = qgetenv("TMPDIR");
+        qputenv("TMPDIR", privateTemp.path().toLocal8Bit());
         const QStringList before = QDir(QDir::tempPath()).entryList(QDir::Files | QDir::Hidden);
+        QVERIFY(before.isEmpty());
         for (const auto& [file, name] : {std::pair{QStringLiteral("web.woff"), QStringLiteral("Glyphora Woff")},
                                          std::pair{QStringLiteral("web.woff2"), QStringLiteral("Glyphora Woff2")},
                                          std::pair{QStringLiteral("deguisee.ttf"), QStringLiteral("Glyphora Deguisee")}}) {
@@ -211,6 +216,10 @@ private Q_SLOTS:
         }
         // Nothing was unpacked to a file.
         QCOMPARE(QDir(QDir::tempPath()).entryList(QDir::Files | QDir::Hidden), before);
+        if (oldTemp.isEmpty())
+            qunsetenv("TMPDIR");
+        else
+            qputenv("TMPDIR", oldTemp);
     }
 
     void refusedWebFontsAreNeitherReadNorOffered()
