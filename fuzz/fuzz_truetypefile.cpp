@@ -1,8 +1,9 @@
 // Fuzz target for the TrueType reader: each input is read into a fresh state and into
-// a state left by a well-formed font, every name is asked for, and the reader's
-// promises about what it stores are checked.
+// a state left by a well-formed font, every name is asked for, the first faces of a
+// collection are read, and the reader's promises about what it stores are checked.
 #include "fontfile/truetypefile.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -72,6 +73,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     TrueType::readFontFile(input, previous);
     checkStored(previous);
     askEverything(previous);
+
+    // Each face of a collection (a few of them), read alone.
+    const int faces = TrueType::faceCount(input);
+    check(faces >= 0 && std::size_t(faces) <= size / 4 + 1);
+    for (int face = 0; face < std::min(faces, 4); ++face) {
+        TrueType::FontTables one;
+        TrueType::readFontFace(input, face, one);
+        checkStored(one);
+    }
 
     (void)TrueType::decodeNameString(input.first(std::min<std::size_t>(size, 4096)));
     return 0;

@@ -16,6 +16,9 @@ if [ "$what" = test ]; then
   packages+=(fonts-noto-cjk fonts-urw-base35 fonts-inter-variable fonts-dejavu-web fonts-dejavu-extra)
   # Desktop integration checks and the Debian package.
   packages+=(desktop-file-utils appstream dpkg-dev file)
+  # rsvg-convert renders the application icon's PNGs (desktop/icons/make-icons.sh);
+  # woff2_compress makes the WOFF2 fuzz seeds (fuzz/make-corpus.py).
+  packages+=(librsvg2-bin woff2)
 fi
 
 missing=()

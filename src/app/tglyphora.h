@@ -119,6 +119,7 @@ public Q_SLOTS:
     void mbar_Click();
     // Menu "&Outils"
     void municode_Click();
+    void minstaller_Click();
     // Menu "&Aide"
     void mabout_Click();
 

@@ -2,7 +2,9 @@
 #include "fontfile/filelists.h"
 
 #include "components/runtimeerror.h"
+#include "fontfile/fonttypes.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -289,4 +291,16 @@ FolderBrowser createFolderBrowser(QWidget* parent)
     browser.files->setObjectName(QStringLiteral("File1"));
     browser.files->setPattern(QStringLiteral("*.ttf"));
     return browser;
+}
+
+QComboBox* createTypeCombo(QWidget* parent, FileListBox* files)
+{
+    auto* types = new QComboBox(parent);
+    types->setObjectName(QStringLiteral("cboType"));
+    types->addItems(FontTypes::captions());
+    types->setCurrentIndex(FontTypes::TrueTypeOnly);
+    // The list of the opened box is as wide as the longest caption.
+    types->view()->setMinimumWidth(types->view()->sizeHintForColumn(0) + 2 * types->view()->frameWidth());
+    files->setPattern(FontTypes::pattern(FontTypes::TrueTypeOnly));
+    return types;
 }

@@ -3,8 +3,10 @@
 
 #include "browser/enumfont.h"
 #include "fontfile/fontsystem.h"
+#include "fontfile/webfont.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QSet>
 #include <QWidget>
@@ -56,14 +58,27 @@ const QSet<QString>& enumeratedFamilies()
 
 } // namespace
 
-int add(const QString& path)
+namespace {
+
+int remember(int id)
 {
-    const int id = QFontDatabase::addApplicationFont(path);
     if (id < 0)
         return -1;
     registrations().insert(id);
     forgetFamilies();
     return id;
+}
+
+} // namespace
+
+int add(const QString& path)
+{
+    return remember(QFontDatabase::addApplicationFont(path));
+}
+
+int addData(const QByteArray& sfnt)
+{
+    return remember(QFontDatabase::addApplicationFontFromData(sfnt));
 }
 
 bool remove(int id)
@@ -107,6 +122,18 @@ void announceFontChange()
 QString faceNameOfFile(const QString& path)
 {
     return FontSystem::familyOfFile(path);
+}
+
+QStringList faceNamesOfFile(const QString& path, QString* refusal)
+{
+    const WebFont::Decoded web = WebFont::decodeFile(path);
+    if (refusal)
+        *refusal = WebFont::refusal(web, QFileInfo(path).fileName());
+    if (web.status == WebFont::Status::Decoded)
+        return FontSystem::familiesOfData(web.sfnt, maxFaces);
+    if (web.status != WebFont::Status::NotWebFont)
+        return {};
+    return FontSystem::familiesOfFile(path, maxFaces);
 }
 
 } // namespace FontRegistration

@@ -147,6 +147,45 @@ QString familyOfFile(const QString& path)
     return pattern ? stringOf(pattern.get(), FC_FAMILY) : QString();
 }
 
+QStringList familiesOfFile(const QString& path, int maxFaces)
+{
+    QStringList families;
+    if (!QFileInfo(path).isFile())
+        return families;
+    const QByteArray file = QFile::encodeName(path);
+    int count = 1;
+    for (int face = 0; face < count && face < maxFaces; ++face) {
+        Pattern pattern(FcFreeTypeQuery(reinterpret_cast<const FcChar8*>(file.constData()), face, nullptr, &count));
+        if (!pattern)
+            break;
+        families.append(stringOf(pattern.get(), FC_FAMILY));
+    }
+    return families;
+}
+
+QStringList familiesOfData(const QByteArray& font, int maxFaces)
+{
+    QStringList families;
+    FT_Library library = nullptr;
+    if (FT_Init_FreeType(&library) != 0)
+        return families;
+    const auto* bytes = reinterpret_cast<const FT_Byte*>(font.constData());
+    long count = 1;
+    for (long index = 0; index < count && index < maxFaces; ++index) {
+        FT_Face face = nullptr;
+        if (FT_New_Memory_Face(library, bytes, FT_Long(font.size()), FT_Long(index), &face) != 0)
+            break;
+        count = face->num_faces;
+        Pattern pattern(FcFreeTypeQueryFace(face, reinterpret_cast<const FcChar8*>(""), unsigned(index), nullptr));
+        FT_Done_Face(face);
+        if (!pattern)
+            break;
+        families.append(stringOf(pattern.get(), FC_FAMILY));
+    }
+    FT_Done_FreeType(library);
+    return families;
+}
+
 std::optional<FaceFile> matchedFace(const QString& family, bool bold, bool italic)
 {
     const Pattern match = matchPattern(family, bold, italic);

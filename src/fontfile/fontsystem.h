@@ -3,7 +3,9 @@
 // resolve to, and what a face's OS/2 table and character maps say.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -13,6 +15,10 @@ namespace FontSystem {
 // fontconfig's first family name for the file (relative paths are taken from the
 // current folder). Nothing is registered; empty for anything that is not a font.
 QString familyOfFile(const QString& path);
+// The first family name of each face of a font file (every face of a collection), or of
+// a font held in memory; at most `maxFaces` faces are read.
+QStringList familiesOfFile(const QString& path, int maxFaces);
+QStringList familiesOfData(const QByteArray& font, int maxFaces);
 
 struct FaceFile {
     QString path;
