@@ -214,6 +214,9 @@ void tglyphora::buildMenus()
     // Tools that go beyond the classic menus, between "&Edition" and "&Aide".
     moutils = menuBar()->addMenu(QStringLiteral("&Outils"));
     moutils->setObjectName(QStringLiteral("moutils"));
+    auto* mdetails = addItem(moutils, "mdetails", QStringLiteral("&Détails typographiques..."));
+    mdetails->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
+    connect(mdetails, &QAction::triggered, this, &tglyphora::mdetails_Click);
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));
     mhelp->setObjectName(QStringLiteral("mhelp"));

@@ -110,6 +110,8 @@ public Q_SLOTS:
     void mital_Click();
     void msoul_Click();
     void mbar_Click();
+    // Menu "&Outils"
+    void mdetails_Click();
     // Menu "&Aide"
     void mabout_Click();
 

@@ -1,8 +1,10 @@
-// The one place where the font-file windows ask fontconfig and FreeType: the family a
-// file would be listed under, the file a family and style resolve to, and what a
-// face's OS/2 table and character maps say.
+// Where the font-file windows ask fontconfig and FreeType: the family a file would be
+// listed under, the file a family and style resolve to, the faces of a family, and what
+// a face's OS/2 table and character maps say. The details window reads a face's tables
+// in facetables.cpp and draws samples in samplerenderer.cpp, the two other such places.
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <cstdint>
 #include <optional>
@@ -29,5 +31,25 @@ struct CharacterInfo {
 };
 // Read through FreeType; nullopt when the face cannot be opened.
 std::optional<CharacterInfo> characterInfo(const FaceFile& face);
+
+// One face of a family as fontconfig lists it.
+struct FamilyFace {
+    QString style;                  // first style name
+    std::optional<double> weight;   // OpenType weight class, for a face of one weight
+    std::optional<double> weightMin, weightMax; // the weight axis of a variable face
+    double width = 100;             // per cent of normal
+    int slant = 0;                  // 0 roman, 100 italic, 110 oblique
+    QString path;
+    int index = 0;                  // face index; a named instance number in the high 16 bits
+    QString fontFormat;             // fontconfig's word: TrueType, CFF, Type 1, PCF, ...
+    bool scalable = true;
+    bool variable = false;          // the whole design space of a variable font
+    bool collection = false;        // the file is a TrueType/OpenType collection
+    QString wrapper;                // "WOFF" or "WOFF2" for a web font, else empty
+};
+// "WOFF" or "WOFF2" for a file that starts with that format's tag, else empty.
+QString wrapperOfTag(const QByteArray& tag);
+// Every face fontconfig knows under that family name, in fontconfig's order.
+QList<FamilyFace> familyFaces(const QString& family);
 
 } // namespace FontSystem
