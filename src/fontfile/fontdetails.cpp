@@ -58,21 +58,10 @@ void FontDetails::buildControls()
     txtIdentite = new QTextBrowser(this);
     txtIdentite->setObjectName(QStringLiteral("txtIdentite"));
     txtIdentite->setOpenExternalLinks(true);
-    lstMetriques = newTree(this, "lstMetriques",
-                           {QStringLiteral("Mesure"), QStringLiteral("Unités"), QStringLiteral("Points")});
-    lstMetriques->setRootIsDecorated(true);
-    picMetriques = new QLabel(this);
-    picMetriques->setObjectName(QStringLiteral("picMetriques"));
-    picMetriques->setFixedSize(460, 280);
-    auto* metricsPage = new QWidget(this);
-    auto* metricsLayout = new QHBoxLayout(metricsPage);
-    metricsLayout->addWidget(lstMetriques, 1);
-    metricsLayout->addWidget(picMetriques, 0, Qt::AlignTop);
-
     tabDetails = new QTabWidget(this);
     tabDetails->setObjectName(QStringLiteral("tabDetails"));
     tabDetails->addTab(txtIdentite, QStringLiteral("Identité et licence"));
-    tabDetails->addTab(metricsPage, QStringLiteral("Métriques"));
+    tabDetails->addTab(buildMetricsPage(), QStringLiteral("Métriques"));
     tabDetails->addTab(buildFeaturesPage(), QStringLiteral("Fonctionnalités OpenType"));
     tabDetails->addTab(buildAxesPage(), QStringLiteral("Axes variables"));
 
@@ -85,6 +74,34 @@ void FontDetails::buildControls()
     sampleArea->setWidgetResizable(true);
     sampleArea->setMinimumHeight(150);
 
+    auto* splitter = new QSplitter(Qt::Vertical, this);
+    splitter->setObjectName(QStringLiteral("splDetails"));
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(lstFaces);
+    splitter->addWidget(tabDetails);
+    splitter->addWidget(sampleArea);
+    splitter->setSizes({130, 380, 170});
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(splitter, 1);
+    layout->addLayout(buildButtons());
+}
+
+QWidget* FontDetails::buildMetricsPage()
+{
+    auto* page = new QWidget(this);
+    lstMetriques = newTree(page, "lstMetriques", {QStringLiteral("Mesure"), QStringLiteral("Unités"), QStringLiteral("Points")});
+    lstMetriques->setRootIsDecorated(true);
+    picMetriques = new QLabel(page);
+    picMetriques->setObjectName(QStringLiteral("picMetriques"));
+    picMetriques->setFixedSize(460, 280);
+    auto* layout = new QHBoxLayout(page);
+    layout->addWidget(lstMetriques, 1);
+    layout->addWidget(picMetriques, 0, Qt::AlignTop);
+    return page;
+}
+
+QLayout* FontDetails::buildButtons()
+{
     cmdCopierCSS = new QPushButton(QStringLiteral("Copier le CSS"), this);
     cmdCopierCSS->setObjectName(QStringLiteral("cmdCopierCSS"));
     cmdCopierRapport = new QPushButton(QStringLiteral("Copier le rapport"), this);
@@ -99,17 +116,7 @@ void FontDetails::buildControls()
     buttons->addWidget(cmdCopierRapport);
     buttons->addStretch(1);
     buttons->addWidget(cmdFermer);
-
-    auto* splitter = new QSplitter(Qt::Vertical, this);
-    splitter->setObjectName(QStringLiteral("splDetails"));
-    splitter->setChildrenCollapsible(false);
-    splitter->addWidget(lstFaces);
-    splitter->addWidget(tabDetails);
-    splitter->addWidget(sampleArea);
-    splitter->setSizes({130, 380, 170});
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(splitter, 1);
-    layout->addLayout(buttons);
+    return buttons;
 }
 
 void FontDetails::setVisible(bool visible)

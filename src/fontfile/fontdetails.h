@@ -16,6 +16,7 @@
 
 class QComboBox;
 class QGridLayout;
+class QLayout;
 class QLabel;
 class QPushButton;
 class QSlider;
@@ -75,6 +76,8 @@ protected:
 
 private:
     void buildControls();
+    QWidget* buildMetricsPage();
+    QLayout* buildButtons();
     QWidget* buildFeaturesPage();
     QWidget* buildAxesPage();
     void readMainWindow();

@@ -253,16 +253,20 @@ SampleRenderer::Result SampleRenderer::render(const Request& request)
     result.ascent = metrics.ascender / 64.0 * d->scale;
     result.descent = -metrics.descender / 64.0 * d->scale;
     result.lineHeight = std::max(metrics.height / 64.0 * d->scale, result.ascent + result.descent);
+    shapeLines(request, result);
+    if (request.draw)
+        drawPicture(request, result);
+    return result;
+}
 
+// Shapes the lines that fit; each glyph's place is known before the picture is sized.
+void SampleRenderer::shapeLines(const Request& request, Result& result)
+{
     std::vector<hb_feature_t> features;
-    for (const Feature& feature : request.features) {
-        if (feature.tag.size() != 4)
-            continue;
-        features.push_back({hb_tag_from_string(feature.tag.constData(), 4), feature.value, HB_FEATURE_GLOBAL_START,
-                            HB_FEATURE_GLOBAL_END});
-    }
-
-    // Shape the lines that fit; each glyph's place is known before the picture is sized.
+    for (const Feature& feature : request.features)
+        if (feature.tag.size() == 4)
+            features.push_back({hb_tag_from_string(feature.tag.constData(), 4), feature.value,
+                                HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END});
     const QList<QStringView> lines = splitLines(request.text);
     const int maxHeight = std::max(1, request.maximumSize.height());
     for (int n = 0; n < lines.size(); ++n) {
@@ -286,13 +290,14 @@ SampleRenderer::Result SampleRenderer::render(const Request& request)
         }
         result.width = std::max(result.width, pen - request.margin);
     }
-    if (!request.draw)
-        return result;
+}
 
+void SampleRenderer::drawPicture(const Request& request, Result& result)
+{
     const int lineCount = result.glyphs.isEmpty() ? 1 : result.glyphs.last().line + 1;
     const double height = 2 * request.margin + (lineCount - 1) * result.lineHeight + result.ascent + result.descent;
     const QSize size(std::clamp(int(std::ceil(result.width + 2 * request.margin)), 1, std::max(1, request.maximumSize.width())),
-                     std::clamp(int(std::ceil(height)), 1, maxHeight));
+                     std::clamp(int(std::ceil(height)), 1, std::max(1, request.maximumSize.height())));
     result.image = QImage(size, QImage::Format_ARGB32_Premultiplied);
     result.image.fill(request.background);
     QPainter painter(&result.image);
@@ -301,5 +306,4 @@ SampleRenderer::Result SampleRenderer::render(const Request& request)
     for (const Glyph& glyph : std::as_const(result.glyphs))
         if (glyph.origin.x() < size.width() && glyph.origin.y() - result.ascent < size.height())
             d->drawGlyph(painter, glyph.id, glyph.origin, colour);
-    return result;
 }

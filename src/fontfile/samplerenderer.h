@@ -68,6 +68,9 @@ public:
     Result render(const Request& request);
 
 private:
+    void shapeLines(const Request& request, Result& result);
+    void drawPicture(const Request& request, Result& result);
+
     struct Impl;
     std::unique_ptr<Impl> d;
 };
