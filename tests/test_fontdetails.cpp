@@ -337,17 +337,23 @@ private Q_SLOTS:
         QMap<QString, int> y;
         for (const auto& line : picture.lines)
             y.insert(line.label, line.y);
-        QCOMPARE(y.keys(), (QStringList{QStringLiteral("Ascendant"), QStringLiteral("Descendant"),
-                                        QStringLiteral("Hauteur d'x (mesurée)"), QStringLiteral("Hauteur des capitales (mesurée)"),
+        QCOMPARE(y.keys(), (QStringList{QStringLiteral("Ascendant"), QStringLiteral("Capitales (mesurée)"),
+                                        QStringLiteral("Descendant"), QStringLiteral("Hauteur d'x (mesurée)"),
                                         QStringLiteral("Ligne de base")}));
-        QVERIFY(y[QStringLiteral("Ascendant")] < y[QStringLiteral("Hauteur des capitales (mesurée)")]);
-        QVERIFY(y[QStringLiteral("Hauteur des capitales (mesurée)")] < y[QStringLiteral("Hauteur d'x (mesurée)")]);
+        QVERIFY(y[QStringLiteral("Ascendant")] < y[QStringLiteral("Capitales (mesurée)")]);
+        QVERIFY(y[QStringLiteral("Capitales (mesurée)")] < y[QStringLiteral("Hauteur d'x (mesurée)")]);
         QVERIFY(y[QStringLiteral("Hauteur d'x (mesurée)")] < y[QStringLiteral("Ligne de base")]);
         QVERIFY(y[QStringLiteral("Ligne de base")] < y[QStringLiteral("Descendant")]);
         QVERIFY(y[QStringLiteral("Descendant")] <= 280 && y[QStringLiteral("Ascendant")] >= 0);
         // The x-height line sits on the top of the drawn "x" (within a pixel).
         const double px = picture.pixelSize;
         QVERIFY(std::abs((y[QStringLiteral("Ligne de base")] - y[QStringLiteral("Hauteur d'x (mesurée)")]) - *data.xHeight * px / *data.unitsPerEm) <= 1);
+        // A long word is cut, not shrunk: the alphabet is drawn as large as its first three letters.
+        const auto alphabet = MetricsPicture::draw(renderer, face, QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ"), data,
+                                                   QSize(460, 280), {});
+        const auto three = MetricsPicture::draw(renderer, face, QStringLiteral("ABC"), data, QSize(460, 280), {});
+        QCOMPARE(alphabet.pixelSize, three.pixelSize);
+        QVERIFY(alphabet.pixelSize > 80);
         QCOMPARE(MetricsPicture::firstWord(QStringLiteral("  Premier mot\r\nsuite")), QStringLiteral("Premier"));
         QCOMPARE(MetricsPicture::firstWord(QStringLiteral(" \r\n ")), QStringLiteral("Hxg"));
         const auto none = MetricsPicture::draw(renderer, SampleRenderer::Request{}, QStringLiteral("Hxg"), {}, QSize(200, 100), {});

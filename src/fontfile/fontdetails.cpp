@@ -43,7 +43,7 @@ FontDetails::FontDetails(QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("FontDetails"));
     setWindowTitle(QStringLiteral("Détails typographiques"));
-    resize(920, 720);
+    resize(940, 780);
     buildControls();
 }
 
@@ -80,7 +80,7 @@ void FontDetails::buildControls()
     splitter->addWidget(lstFaces);
     splitter->addWidget(tabDetails);
     splitter->addWidget(sampleArea);
-    splitter->setSizes({130, 380, 170});
+    splitter->setSizes({120, 330, 250});
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(splitter, 1);
     layout->addLayout(buildButtons());
@@ -93,7 +93,7 @@ QWidget* FontDetails::buildMetricsPage()
     lstMetriques->setRootIsDecorated(true);
     picMetriques = new QLabel(page);
     picMetriques->setObjectName(QStringLiteral("picMetriques"));
-    picMetriques->setFixedSize(460, 280);
+    picMetriques->setFixedSize(440, 280);
     auto* layout = new QHBoxLayout(page);
     layout->addWidget(lstMetriques, 1);
     layout->addWidget(picMetriques, 0, Qt::AlignTop);
@@ -218,7 +218,9 @@ void FontDetails::fillMetrics()
             new QTreeWidgetItem(item, {child});
         item->setExpanded(field.children.size() <= 3); // long range lists stay folded
     }
-    lstMetriques->resizeColumnToContents(0);
+    // Fixed widths: the long lines under a field (Unicode ranges) would push the values out of sight.
+    lstMetriques->setColumnWidth(0, 230);
+    lstMetriques->resizeColumnToContents(1);
 }
 
 void FontDetails::drawMetricsPicture()

@@ -40,6 +40,7 @@ QWidget* FontDetails::buildAxesPage()
     cboInstances = new QComboBox(page);
     cboInstances->setObjectName(QStringLiteral("cboInstances"));
     cboInstances->setMinimumContentsLength(24);
+    cboInstances->setPlaceholderText(QStringLiteral("Position libre")); // between named instances
     connect(cboInstances, &QComboBox::activated, this, &FontDetails::cboInstances_Click);
     m_noAxes = new QLabel(QStringLiteral("Cette face n'est pas variable."), page);
     m_noAxes->setObjectName(QStringLiteral("lblSansAxes"));

@@ -12,7 +12,7 @@ namespace MetricsPicture {
 namespace {
 
 constexpr int margin = 8;
-constexpr int labelWidth = 190;
+constexpr int labelWidth = 140; // the column on the right where the labels go
 
 struct Metric {
     QString label;
@@ -32,8 +32,8 @@ QList<Metric> metricsOf(const FaceTables::FaceData& data)
     if (ascender)
         metrics.append({QStringLiteral("Ascendant"), *ascender / upem});
     if (data.capHeight)
-        metrics.append({data.capHeightMeasured ? QStringLiteral("Hauteur des capitales (mesurée)")
-                                               : QStringLiteral("Hauteur des capitales"), *data.capHeight / upem});
+        metrics.append({data.capHeightMeasured ? QStringLiteral("Capitales (mesurée)") : QStringLiteral("Capitales"),
+                        *data.capHeight / upem});
     if (data.xHeight)
         metrics.append({data.xHeightMeasured ? QStringLiteral("Hauteur d'x (mesurée)") : QStringLiteral("Hauteur d'x"),
                         *data.xHeight / upem});
@@ -48,18 +48,36 @@ QList<Metric> metricsOf(const FaceTables::FaceData& data)
 void drawLabels(QPainter& painter, QList<Line>& lines, const QSize& size, const Colours& colours)
 {
     std::sort(lines.begin(), lines.end(), [](const Line& a, const Line& b) { return a.y < b.y; });
+    QFont font = painter.font();
+    font.setPointSizeF(font.pointSizeF() * 0.9);
+    painter.setFont(font);
     const int textHeight = painter.fontMetrics().height();
     int lastBottom = -textHeight;
     for (const Line& line : std::as_const(lines)) {
         painter.setPen(QPen(colours.lines, 1, Qt::DashLine));
         painter.drawLine(margin, line.y, size.width() - margin, line.y);
         // Labels that would overlap are pushed down, and stay linked to their line by position order.
-        const int top = std::max(line.y - textHeight, lastBottom);
+        const int top = std::max({line.y - textHeight, lastBottom, 0});
+        // A background box keeps a label readable over the dashed lines.
+        const QRect box = painter.fontMetrics()
+                              .boundingRect(line.label)
+                              .adjusted(-3, 0, 3, 0)
+                              .translated(size.width() - margin - painter.fontMetrics().horizontalAdvance(line.label), 0);
+        const QRect place(box.left(), top, box.width(), textHeight);
+        painter.fillRect(place, colours.background);
         painter.setPen(colours.text);
-        painter.drawText(QRect(size.width() - labelWidth, top, labelWidth - margin, textHeight),
-                         Qt::AlignRight | Qt::AlignVCenter, line.label);
+        painter.drawText(place, Qt::AlignCenter, line.label);
         lastBottom = top + textHeight;
     }
+}
+
+// The characters of the word whose glyphs end within `width` (at the probe's size); one at least.
+QString wordThatFits(const SampleRenderer::Result& probe, const QString& word, double width)
+{
+    for (const auto& glyph : probe.glyphs)
+        if (glyph.origin.x() + glyph.advance > width && glyph.cluster > 0)
+            return word.left(glyph.cluster);
+    return word;
 }
 
 } // namespace
@@ -97,16 +115,20 @@ Picture draw(SampleRenderer& renderer, SampleRenderer::Request face, const QStri
         bottom = std::min(bottom, metric.em);
     }
     top = std::max(top, probe.ascent / 100);
+    // As large as the height allows while three characters fit; a longer word is cut.
     const double byHeight = (size.height() - 2 * margin) / std::max(0.1, top - bottom);
-    const double byWidth = (size.width() - labelWidth - 2 * margin) / std::max(0.01, probe.width / 100);
-    picture.pixelSize = std::clamp(std::min(byHeight, byWidth), 8.0, 400.0);
+    const double room = size.width() - labelWidth - 2 * margin;
+    const double threeWide = probe.glyphs.size() > 3 ? probe.glyphs[3].origin.x() : probe.width;
+    picture.pixelSize = std::clamp(std::min(byHeight, room * 100 / std::max(1.0, threeWide)), 8.0, 400.0);
+    face.text = wordThatFits(probe, word, room * 100 / picture.pixelSize);
 
     face.pixelSize = picture.pixelSize;
     face.draw = true;
     face.foreground = colours.text;
     face.background = colours.background;
     const SampleRenderer::Result drawn = renderer.render(face);
-    const int baseline = int(std::lround(margin + top * picture.pixelSize));
+    const double blockHeight = (top - bottom) * picture.pixelSize;
+    const int baseline = int(std::lround((size.height() - blockHeight) / 2 + top * picture.pixelSize));
     painter.drawImage(QPointF(margin, baseline - std::round(drawn.ascent)), drawn.image);
     for (const Metric& metric : std::as_const(metrics))
         picture.lines.append({metric.label, int(std::lround(baseline - metric.em * picture.pixelSize))});
