@@ -398,6 +398,23 @@ private Q_SLOTS:
         }
     }
 
+    void familyWithoutFaces()
+    {
+        auto* item = new QTreeWidgetItem(m_main->List1, {QStringLiteral("Famille Inexistante")});
+        choose(QStringLiteral("Famille Inexistante"));
+        {
+            FontDetails window;
+            window.show();
+            QCOMPARE(QApplication::activeModalWidget(), nullptr);
+            QCOMPARE(window.lstFaces->topLevelItemCount(), 0);
+            QCOMPARE(window.picEchantillon->text(), QStringLiteral("Échantillon indisponible pour cette face."));
+            QCOMPARE(rowOf(window.lstMetriques, QStringLiteral("Unités par cadratin"))->text(1), QStringLiteral("—"));
+            QVERIFY(window.reportText().startsWith(QStringLiteral("Détails typographiques : Famille Inexistante\n")));
+            QVERIFY(window.cssText().startsWith(QStringLiteral("font-family: \"Famille Inexistante\";\n")));
+        }
+        delete item;
+    }
+
     void cssAndReportOfAKnownState()
     {
         choose(QStringLiteral("Glyphora Détails"), 13, QStringLiteral("Texte"));

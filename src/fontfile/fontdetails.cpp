@@ -137,8 +137,8 @@ void FontDetails::Form_Load()
     const int regular = DetailsFields::regularFace(m_faces);
     if (regular >= 0)
         lstFaces->setCurrentItem(lstFaces->topLevelItem(regular)); // loads the face
-    else
-        loadFace(-1);
+    if (m_row != regular || regular < 0)
+        loadFace(regular);
 }
 
 // The family selected in the list, the first sample's text, the size and colours.
@@ -175,14 +175,14 @@ void FontDetails::lstFaces_Click()
 {
     QTreeWidgetItem* item = lstFaces->currentItem();
     const int row = item ? lstFaces->indexOfTopLevelItem(item) : -1;
-    if (row >= 0 && (m_state.face.path != m_faces[row].path || m_state.face.index != m_faces[row].index
-                     || m_state.data.format.isEmpty()))
+    if (row >= 0 && row != m_row)
         loadFace(row);
 }
 
 void FontDetails::loadFace(int row)
 {
     setCursor(Qt::WaitCursor);
+    m_row = row;
     m_state.face = row >= 0 ? m_faces[row] : FontSystem::FamilyFace{};
     m_state.data = row >= 0 ? FaceTables::read(m_state.face.path, m_state.face.index) : FaceTables::FaceData{};
     m_state.checked = DetailsFields::defaultChecked(m_state.data.features);

@@ -95,6 +95,7 @@ private:
     int axisScale(int axis) const;
 
     QList<FontSystem::FamilyFace> m_faces;
+    int m_row = -2; // the face shown, -1 for none
     DetailsFields::State m_state;
     QString m_text;
     QColor m_foreground = Qt::black;
