@@ -14,6 +14,8 @@ if [ "$what" = test ]; then
              python3 libbenchmark-dev ccache)
   # Fonts the tests read: CJK collections, Type 1 and CFF faces, a variable font, web fonts.
   packages+=(fonts-noto-cjk fonts-urw-base35 fonts-inter-variable fonts-dejavu-web fonts-dejavu-extra)
+  # OpenType features with known results (small capitals, old-style figures, stylistic sets).
+  packages+=(fonts-texgyre)
   # Desktop integration checks and the Debian package.
   packages+=(desktop-file-utils appstream dpkg-dev file)
   # rsvg-convert renders the application icon's PNGs (desktop/icons/make-icons.sh);

@@ -3,7 +3,9 @@
 # first view included), the slideshow (time per font, memory after one pass and two),
 # the RTF and HTML sheets of every family against the raw write, the preview of one
 # uninstalled file, the TrueType names read by Glyphora's reader against FreeType, and the
-# font list's filter (keystroke, index, scrolling with names in their own font).
+# font list's filter (keystroke, index, scrolling with names in their own font), and the
+# typographic details window (opening on a family of 18 faces; the live sample re-drawn
+# after a slider move, with the system's fonts, where Inter's variable font is).
 # Each benchmark runs in a fresh process. Usage: bench/inprocess/run.sh [tier...]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -13,7 +15,7 @@ tiers=("$@")
 [ ${#tiers[@]} -gt 0 ] || tiers=(small medium large)
 
 cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DGLYPHORA_BENCH=ON -DBUILD_TESTING=OFF >/dev/null
-cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench bench_fontnames filterbench >/dev/null
+cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench bench_fontnames filterbench detailsbench >/dev/null
 
 config=$(mktemp -d)
 trap 'rm -rf "$config"' EXIT
@@ -39,4 +41,10 @@ for tier in "${tiers[@]}"; do
   done
   echo "== $tier TrueType names (sfntOnly:1 = .ttf/.otf files)"
   "$b/bench_fontnames" --benchmark_color=false --benchmark_filter='sfntOnly:1' 2>/dev/null | grep -E "^(own|free)"
+  echo "== $tier details window on a family of 18 faces"
+  "$b/inprocess/detailsbench" --benchmark_filter='^BM_OpenDetails' --benchmark_color=false 2>/dev/null | grep -E "^BM_"
 done
+unset FONTCONFIG_FILE
+echo "== system fonts: details sample re-drawn after a weight slider move (48 px, 60 characters)"
+"$b/inprocess/detailsbench" --benchmark_filter='^BM_RedrawAfterSlider' --benchmark_color=false 2>/dev/null | grep -E "^BM_"
+

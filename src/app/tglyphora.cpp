@@ -219,6 +219,9 @@ void tglyphora::buildMenus()
     auto* municode = addItem(moutils, "municode", QStringLiteral("Table des caractères &Unicode..."));
     municode->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
     connect(municode, &QAction::triggered, this, &tglyphora::municode_Click);
+    auto* mdetails = addItem(moutils, "mdetails", QStringLiteral("&Détails typographiques..."));
+    mdetails->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
+    connect(mdetails, &QAction::triggered, this, &tglyphora::mdetails_Click);
     connect(addItem(moutils, "minstaller", QStringLiteral("&Installer des polices...")), &QAction::triggered, this, &tglyphora::minstaller_Click);
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));

@@ -120,6 +120,7 @@ public Q_SLOTS:
     // Menu "&Outils"
     void municode_Click();
     void minstaller_Click();
+    void mdetails_Click();
     // Menu "&Aide"
     void mabout_Click();
 

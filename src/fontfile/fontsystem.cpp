@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_TRUETYPE_TABLES_H
@@ -135,7 +136,97 @@ std::optional<FaceFile> faceOf(FcPattern* match)
     return face;
 }
 
+// A number or the two ends of a range (variable fonts give ranges).
+bool numberOf(FcPattern* pattern, const char* object, double& low, double& high)
+{
+    FcValue value;
+    if (FcPatternGet(pattern, object, 0, &value) != FcResultMatch)
+        return false;
+    switch (value.type) {
+    case FcTypeInteger: low = high = value.u.i; return true;
+    case FcTypeDouble: low = high = value.u.d; return true;
+    case FcTypeRange: return FcRangeGetDouble(value.u.r, &low, &high) == FcTrue;
+    default: return false;
+    }
+}
+
+bool boolOf(FcPattern* pattern, const char* object, bool fallback)
+{
+    FcBool value = FcFalse;
+    return FcPatternGetBool(pattern, object, 0, &value) == FcResultMatch ? value == FcTrue : fallback;
+}
+
+// The tag a file starts with: "ttcf" for collections, "wOFF" and "wOF2" for web fonts.
+QByteArray fileTag(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(4) : QByteArray();
+}
+
+FamilyFace faceOf(FcPattern* pattern, QHash<QString, QByteArray>& tags)
+{
+    FamilyFace face;
+    face.style = stringOf(pattern, FC_STYLE);
+    face.path = stringOf(pattern, FC_FILE);
+    FcPatternGetInteger(pattern, FC_INDEX, 0, &face.index);
+    face.fontFormat = stringOf(pattern, FC_FONTFORMAT);
+    face.scalable = boolOf(pattern, FC_SCALABLE, true);
+    face.variable = boolOf(pattern, FC_VARIABLE, false);
+    double low = 0, high = 0;
+    if (numberOf(pattern, FC_WEIGHT, low, high)) {
+        if (low == high) {
+            face.weight = FcWeightToOpenTypeDouble(low);
+        } else {
+            face.weightMin = FcWeightToOpenTypeDouble(low);
+            face.weightMax = FcWeightToOpenTypeDouble(high);
+        }
+    }
+    if (numberOf(pattern, FC_WIDTH, low, high))
+        face.width = low == high ? low : 100;
+    FcPatternGetInteger(pattern, FC_SLANT, 0, &face.slant);
+    auto known = tags.find(face.path);
+    if (known == tags.end())
+        known = tags.insert(face.path, fileTag(face.path));
+    face.collection = known.value() == "ttcf";
+    face.wrapper = wrapperOfTag(known.value());
+    return face;
+}
+
 } // namespace
+
+QString wrapperOfTag(const QByteArray& tag)
+{
+    if (tag == "wOFF")
+        return QStringLiteral("WOFF");
+    if (tag == "wOF2")
+        return QStringLiteral("WOFF2");
+    return QString();
+}
+
+QList<FamilyFace> familyFaces(const QString& family)
+{
+    QList<FamilyFace> faces;
+    if (family.isEmpty())
+        return faces;
+    Pattern request(FcPatternCreate());
+    const QByteArray name = family.toUtf8();
+    FcPatternAddString(request.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(name.constData()));
+    std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)> objects(
+        FcObjectSetBuild(FC_STYLE, FC_FILE, FC_INDEX, FC_WEIGHT, FC_WIDTH, FC_SLANT, FC_FONTFORMAT, FC_SCALABLE,
+                         FC_VARIABLE, static_cast<char*>(nullptr)),
+        &FcObjectSetDestroy);
+    std::unique_ptr<FcFontSet, decltype(&FcFontSetDestroy)> set(FcFontList(nullptr, request.get(), objects.get()),
+                                                               &FcFontSetDestroy);
+    if (!set)
+        return faces;
+    QHash<QString, QByteArray> tags;
+    for (int i = 0; i < set->nfont; ++i) {
+        FamilyFace face = faceOf(set->fonts[i], tags);
+        if (!face.path.isEmpty())
+            faces.append(face);
+    }
+    return faces;
+}
 
 QString familyOfFile(const QString& path)
 {

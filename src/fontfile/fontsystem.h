@@ -1,9 +1,12 @@
-// The one place where the font-file windows and the Unicode table ask fontconfig and
-// FreeType: the family a file would be listed under, the file a family and style
-// resolve to, and what a face's OS/2 table and character maps say.
+// Where the font-file windows and the Unicode table ask fontconfig and FreeType: the
+// family a file would be listed under, the file a family and style resolve to, the faces
+// of a family, and what a face's OS/2 table and character maps say. The details window
+// reads a face's tables in facetables.cpp and draws samples in samplerenderer.cpp, the
+// two other such places.
 #pragma once
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <cstdint>
@@ -56,5 +59,24 @@ struct GlyphMetrics {
 // The glyph the face's character maps give a code point, and its advance width;
 // nullopt when the face cannot be opened or has no glyph for it.
 std::optional<GlyphMetrics> glyphMetrics(const FaceFile& face, char32_t code);
+// One face of a family as fontconfig lists it.
+struct FamilyFace {
+    QString style;                  // first style name
+    std::optional<double> weight;   // OpenType weight class, for a face of one weight
+    std::optional<double> weightMin, weightMax; // the weight axis of a variable face
+    double width = 100;             // per cent of normal
+    int slant = 0;                  // 0 roman, 100 italic, 110 oblique
+    QString path;
+    int index = 0;                  // face index; a named instance number in the high 16 bits
+    QString fontFormat;             // fontconfig's word: TrueType, CFF, Type 1, PCF, ...
+    bool scalable = true;
+    bool variable = false;          // the whole design space of a variable font
+    bool collection = false;        // the file is a TrueType/OpenType collection
+    QString wrapper;                // "WOFF" or "WOFF2" for a web font, else empty
+};
+// "WOFF" or "WOFF2" for a file that starts with that format's tag, else empty.
+QString wrapperOfTag(const QByteArray& tag);
+// Every face fontconfig knows under that family name, in fontconfig's order.
+QList<FamilyFace> familyFaces(const QString& family);
 
 } // namespace FontSystem
