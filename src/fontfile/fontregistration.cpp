@@ -2,6 +2,7 @@
 #include "fontfile/fontregistration.h"
 
 #include "browser/enumfont.h"
+#include "components/boundedfile.h"
 #include "fontfile/fontsystem.h"
 
 #include <QApplication>
@@ -58,7 +59,11 @@ const QSet<QString>& enumeratedFamilies()
 
 int add(const QString& path)
 {
-    const int id = QFontDatabase::addApplicationFont(path);
+    // The bytes are handed over, not the path: read once, bounded, from a regular file.
+    const BoundedFile::Result file = BoundedFile::read(path, BoundedFile::FontLimit);
+    if (!file.ok())
+        return -1;
+    const int id = QFontDatabase::addApplicationFontFromData(file.bytes);
     if (id < 0)
         return -1;
     registrations().insert(id);

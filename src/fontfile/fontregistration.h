@@ -10,7 +10,8 @@
 
 namespace FontRegistration {
 
-// Registers the file; the id to remove it with, or -1 when nothing was registered.
+// Registers the file (a regular file of at most 256 MB, read once); the id to remove
+// it with, or -1 when nothing was registered.
 int add(const QString& path);
 // Removes a registration made by add; false when there was none with that id.
 bool remove(int id);

@@ -3,6 +3,8 @@
 // face's OS/2 table and character maps say.
 #pragma once
 
+#include <QByteArray>
+#include <QList>
 #include <QString>
 #include <cstdint>
 #include <optional>
@@ -10,8 +12,19 @@
 namespace FontSystem {
 
 // fontconfig's first family name for the file (relative paths are taken from the
-// current folder). Nothing is registered; empty for anything that is not a font.
+// current folder). Nothing is registered; empty for anything that is not a font, and
+// for anything but a regular file of at most BoundedFile::FontLimit bytes.
 QString familyOfFile(const QString& path);
+
+// What fontconfig reads in a font file held in memory, one entry per pattern: every
+// face of a collection and, for a variable font, its named instances and then the
+// variable font itself (no style). The family and style are each pattern's first ones.
+// Unlike fontconfig's file scan, a named instance equal to the default is kept.
+struct FaceNames {
+    QString family;
+    QString style;
+};
+QList<FaceNames> facesOfData(const QByteArray& bytes);
 
 struct FaceFile {
     QString path;
