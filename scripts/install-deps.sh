@@ -13,6 +13,8 @@ if [ "$what" = test ]; then
              python3 libbenchmark-dev ccache)
   # Fonts the tests read: CJK collections, Type 1 and CFF faces, a variable font, web fonts.
   packages+=(fonts-noto-cjk fonts-urw-base35 fonts-inter-variable fonts-dejavu-web fonts-dejavu-extra)
+  # The sheets opened by real readers: LibreOffice (RTF and HTML to PDF) and Chromium (HTML).
+  packages+=(libreoffice-writer-nogui chromium)
   # Desktop integration checks and the Debian package.
   packages+=(desktop-file-utils appstream dpkg-dev file)
 fi

@@ -198,8 +198,12 @@ private Q_SLOTS:
         const QByteArray sheet = FontSheet::html({text}, text, text);
         QVERIFY(sheet.contains("<FONT FACE=\"" + referenced + "\">" + referenced + "</FONT><BR><FONT FACE=\""
                                + referenced + "\">" + referenced + "</FONT>\r\n"));
-        // Nothing new is declared: the head is as it always was.
-        QVERIFY(sheet.startsWith("<HTML>\r\n<HEAD>\r\n<TITLE>Liste des polices</TITLE>\r\n</HEAD>\r\n<BODY>\r\n"));
+        // The Windows-1252 bytes (é, €) make the head declare the code page.
+        QVERIFY(sheet.startsWith("<HTML>\r\n<HEAD>\r\n<META HTTP-EQUIV=\"Content-Type\" CONTENT=\"text/html; "
+                                 "charset=windows-1252\">\r\n<TITLE>Liste des polices</TITLE>\r\n</HEAD>\r\n<BODY>\r\n"));
+        // Characters outside the code page alone are references: nothing is declared.
+        QVERIFY(FontSheet::html({QStringLiteral("\u0416")}, QStringLiteral("A"), QStringLiteral("\U0001F600"))
+                    .startsWith("<HTML>\r\n<HEAD>\r\n<TITLE>Liste des polices</TITLE>"));
     }
 
     void rtfYieldsOncePerFontInEachPass()
@@ -235,6 +239,8 @@ private Q_SLOTS:
         const QByteArray expected = lines({
             "<HTML>",
             "<HEAD>",
+            // A byte above 127: the sheet says which code page it is in.
+            "<META HTTP-EQUIV=\"Content-Type\" CONTENT=\"text/html; charset=windows-1252\">",
             "<TITLE>Liste des polices</TITLE>",
             "</HEAD>",
             "<BODY>",

@@ -207,6 +207,21 @@ private Q_SLOTS:
         QVERIFY(WmfDecoder::Decode(wmfOfRecords(int(WmfDecoder::MaximumRecords))).isNull());
     }
 
+    void aMetafileClaimingAHugeRecordIsRefused()
+    {
+        // Found by fuzzing: libwmf allocates the header's largest record size up front
+        // (here 1.7 billion words, 3.4 GB) before reading a single record.
+        QByteArray wmf = TestPictures::wmfFilled(40, 20, qRgb(255, 0, 0));
+        QVERIFY(!WmfDecoder::Decode(wmf).isNull());
+        qToLittleEndian<quint32>(0x65440007, wmf.data() + 22 + 12); // mtMaxRecord
+        QCOMPARE(WmfDecoder::RecordCount(wmf), -1);
+        QVERIFY(WmfDecoder::Decode(wmf).isNull());
+        // A record shorter than its own header is refused too.
+        QByteArray shortRecord = TestPictures::wmfFilled(40, 20, qRgb(255, 0, 0));
+        qToLittleEndian<quint32>(2, shortRecord.data() + 22 + 18);
+        QVERIFY(WmfDecoder::Decode(shortRecord).isNull());
+    }
+
     void oddPathsAsFontsAreIgnoredByTheReader()
     {
         const Oddities odd = makeOddities(m_dir.path(), QStringLiteral(".ttf"));

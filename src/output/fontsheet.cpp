@@ -4,6 +4,7 @@
 #include "components/ansi.h"
 #include "components/conversions.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -92,6 +93,8 @@ void appendHtml(QByteArray& out, QStringView text, bool name)
         out += ';';
     }
 }
+
+const char charsetDeclaration[] = "<META HTTP-EQUIV=\"Content-Type\" CONTENT=\"text/html; charset=windows-1252\">\r\n";
 
 QByteArray rtfText(QStringView text, RtfText kind)
 {
@@ -230,6 +233,10 @@ QByteArray html(const QStringList& fonts, const QString& nameFont, const QString
         out += "</FONT>\r\n<P>\r\n";
     }
     out += "</BODY>\r\n</HTML>\r\n";
+    // Readers that do not assume Windows-1252 (LibreOffice reads UTF-8) need to be told,
+    // but only a sheet with a byte above 127 needs it: others stay as they always were.
+    if (std::any_of(out.cbegin(), out.cend(), [](char c) { return static_cast<unsigned char>(c) > 127; }))
+        out.insert(qsizetype(sizeof "<HTML>\r\n<HEAD>\r\n" - 1), charsetDeclaration);
     return out;
 }
 

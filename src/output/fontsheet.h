@@ -42,7 +42,8 @@ QByteArray rtf(const QStringList& fonts, const QString& nameFont, const QString&
 
 // The HTML sheet: for each font its name in the name font (taken as it stands, escaped
 // as htmlName says), a line break, the sample text in the font itself, then a
-// paragraph mark. No sizes.
+// paragraph mark. No sizes. A sheet holding a byte above 127 says in its head that
+// it is Windows-1252 text (a META line after "<HEAD>"); an ASCII sheet declares nothing.
 QByteArray html(const QStringList& fonts, const QString& nameFont, const QString& sample);
 
 } // namespace FontSheet

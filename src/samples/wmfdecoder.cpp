@@ -134,6 +134,10 @@ qint64 RecordCount(const QByteArray& bytes)
     const qint64 header = placeable ? placeableSize : 0;
     if (bytes.size() < header + 18)
         return -1;
+    // The largest record, in words: libwmf allocates a buffer of that size up front.
+    const quint32 maxRecord = quint32(word(bytes, int(header) + 12)) | (quint32(word(bytes, int(header) + 14)) << 16);
+    if (qint64(maxRecord) * 2 > bytes.size())
+        return -1;
     // Records follow the header, whose size is given in 16-bit words.
     qint64 at = header + 2 * qint64(word(bytes, int(header) + 2));
     qint64 records = 0;
@@ -153,7 +157,8 @@ QImage Decode(const QByteArray& bytes)
 {
     if (!LooksLikeMetafile(bytes))
         return {};
-    if (RecordCount(bytes) > MaximumRecords)
+    const qint64 records = RecordCount(bytes);
+    if (records < 0 || records > MaximumRecords)
         return {};
     // libwmf reads from a mutable buffer of its own.
     std::vector<unsigned char> data(bytes.begin(), bytes.end());

@@ -19,7 +19,8 @@ inline constexpr qint64 MaximumRecords = 100'000;
 // (type 1 or 2, header size 9 words, a known version).
 bool LooksLikeMetafile(const QByteArray& bytes);
 // The records before the end record (or the end of the bytes), counting stops past
-// MaximumRecords; -1 when the header or a record's size is broken.
+// MaximumRecords; -1 when the header or a record's size is broken (a record under 3
+// words, or a largest record the file cannot hold). Such files are refused.
 qint64 RecordCount(const QByteArray& bytes);
 // The metafile drawn on a white picture of its own size; a null image when it cannot be
 // read or played.
