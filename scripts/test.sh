@@ -2,7 +2,7 @@
 # Installs what is missing, builds Glyphora and runs every test: the unit and window
 # tests (offscreen, printing for real to a CUPS PDF queue), the same tests built with
 # AddressSanitizer and UndefinedBehaviorSanitizer, and a short fuzz run of the font
-# file reader.
+# file reader, the picture loader and the sheet writers.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
@@ -28,6 +28,6 @@ if [ "${GLYPHORA_SKIP_SANITIZERS:-0}" != 1 ]; then
 fi
 
 if [ -x "$root/scripts/fuzz.sh" ] && [ "${GLYPHORA_SKIP_FUZZ:-0}" != 1 ]; then
-  "$root/scripts/fuzz.sh" 60
+  "$root/scripts/fuzz.sh" 30   # each target, from its seed corpus
 fi
 echo "All tests passed."
