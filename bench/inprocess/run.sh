@@ -12,7 +12,7 @@ tiers=("$@")
 [ ${#tiers[@]} -gt 0 ] || tiers=(small medium large)
 
 cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DGLYPHORA_BENCH=ON -DBUILD_TESTING=OFF >/dev/null
-cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench bench_fontnames >/dev/null
+cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench hostilebench bench_fontnames >/dev/null
 
 config=$(mktemp -d)
 trap 'rm -rf "$config"' EXIT
@@ -34,3 +34,5 @@ for tier in "${tiers[@]}"; do
   echo "== $tier TrueType names (sfntOnly:1 = .ttf/.otf files)"
   "$b/bench_fontnames" --benchmark_color=false --benchmark_filter='sfntOnly:1' 2>/dev/null | grep -E "^(own|free)"
 done
+echo "== hostile font files (no tier)"
+"$b/inprocess/hostilebench" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
