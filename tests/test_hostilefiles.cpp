@@ -263,6 +263,11 @@ private Q_SLOTS:
             QVERIFY(window.lastInformation().endsWith(QStringLiteral("Installée: Non\r\n")));
         }
         QVERIFY(PreviewText::refusalText(odd.fifo, BoundedFile::Outcome::NotRegular).contains(QStringLiteral("un tube")));
+        // The folder list offers only the real folder, not the link to /dev/zero (choosing
+        // it would be a path that cannot be entered).
+        window.Dir1->setPath(folder.path());
+        QCOMPARE(window.Dir1->ListCount(), 1);
+        QCOMPARE(QFileInfo(window.Dir1->List(0)).fileName(), QStringLiteral("dossier.ttf"));
         QVERIFY(PreviewText::refusalText(odd.dangling, BoundedFile::Outcome::Missing).contains(QStringLiteral("introuvable")));
     }
 
