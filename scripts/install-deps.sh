@@ -16,6 +16,8 @@ if [ "$what" = test ]; then
   packages+=(fonts-noto-cjk fonts-urw-base35 fonts-inter-variable fonts-dejavu-web fonts-dejavu-extra)
   # OpenType features with known results (small capitals, old-style figures, stylistic sets).
   packages+=(fonts-texgyre)
+  # The sheets opened by real readers: LibreOffice (RTF and HTML to PDF) and Chromium (HTML).
+  packages+=(libreoffice-writer-nogui chromium)
   # Desktop integration checks and the Debian package.
   packages+=(desktop-file-utils appstream dpkg-dev file)
   # rsvg-convert renders the application icon's PNGs (desktop/icons/make-icons.sh);

@@ -2,7 +2,8 @@
 # Installs what is missing, builds Glyphora and runs every test: the unit and window
 # tests (offscreen, printing for real to a CUPS PDF queue), the same tests built with
 # AddressSanitizer and UndefinedBehaviorSanitizer, the Debian package built, installed,
-# started and removed, and a short fuzz run of the font file reader and web font unpacker.
+# started and removed, and a short fuzz run of the font file reader, the preview, the
+# picture loader, the sheet writers and the web font unpacker.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
@@ -31,6 +32,6 @@ if [ "${GLYPHORA_SKIP_SANITIZERS:-0}" != 1 ]; then
 fi
 
 if [ -x "$root/scripts/fuzz.sh" ] && [ "${GLYPHORA_SKIP_FUZZ:-0}" != 1 ]; then
-  "$root/scripts/fuzz.sh" 60
+  "$root/scripts/fuzz.sh" 30   # each target, from its seed corpus
 fi
 echo "All tests passed."

@@ -15,7 +15,7 @@ tiers=("$@")
 [ ${#tiers[@]} -gt 0 ] || tiers=(small medium large)
 
 cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DGLYPHORA_BENCH=ON -DBUILD_TESTING=OFF >/dev/null
-cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench bench_fontnames filterbench detailsbench >/dev/null
+cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench hostilebench bench_fontnames filterbench detailsbench >/dev/null
 
 config=$(mktemp -d)
 trap 'rm -rf "$config"' EXIT
@@ -48,3 +48,5 @@ unset FONTCONFIG_FILE
 echo "== system fonts: details sample re-drawn after a weight slider move (48 px, 60 characters)"
 "$b/inprocess/detailsbench" --benchmark_filter='^BM_RedrawAfterSlider' --benchmark_color=false 2>/dev/null | grep -E "^BM_"
 
+echo "== hostile font files (no tier)"
+"$b/inprocess/hostilebench" --benchmark_color=false 2>/dev/null | grep -E "^BM_"

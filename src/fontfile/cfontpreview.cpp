@@ -1,6 +1,7 @@
 // CFontPreview: the load cycle of a font file, face name resolution and registration.
 #include "fontfile/cfontpreview.h"
 
+#include "components/boundedfile.h"
 #include "components/runtimeerror.h"
 #include "fontfile/fontregistration.h"
 #include "fontfile/systemlanguage.h"
@@ -50,8 +51,9 @@ void CFontPreview::setFaceIndex(int index)
 
 bool CFontPreview::FileExists(const QString& path)
 {
-    // A regular file (or a link to one): directories, pipes and devices are refused.
-    return !path.isEmpty() && QFileInfo(path).isFile();
+    // A regular file (or a link to one) of at most 256 MB, looked at without blocking:
+    // directories, pipes, devices and larger files are refused.
+    return BoundedFile::check(path, BoundedFile::FontLimit) == BoundedFile::Outcome::Read;
 }
 
 void CFontPreview::ReadFontFile(const QString& path)

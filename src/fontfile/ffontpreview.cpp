@@ -2,6 +2,8 @@
 // redraw after a resize, and the copy of the description to the clipboard.
 #include "fontfile/ffontpreview.h"
 
+#include "components/boundedfile.h"
+#include "components/msgbox.h"
 #include "components/runtimeerror.h"
 #include "components/stdfont.h"
 #include "fontfile/cfontpreview.h"
@@ -232,8 +234,12 @@ void FFontPreview::DrawSelectedFile()
 {
     Picture1->Cls();
     auto preview = std::make_unique<CFontPreview>();
-    if (File1->ListIndex() != -1)
-        preview->setFontFile(QDir(File1->Path()).filePath(File1->FileName()));
+    QString refusal;
+    if (File1->ListIndex() != -1) {
+        const QString path = QDir(File1->Path()).filePath(File1->FileName());
+        refusal = PreviewText::refusalText(path, BoundedFile::check(path, BoundedFile::FontLimit));
+        preview->setFontFile(path);
+    }
     cmdInstaller->setEnabled(File1->ListIndex() != -1);
     Picture1->setCurrentX(0);
     Picture1->setCurrentY(0);
@@ -260,6 +266,9 @@ void FFontPreview::DrawSelectedFile()
         clipboard->clear();
         clipboard->setText(m_information);
     }
+    // A file that is no regular file, or too large, is described as empty and said so.
+    if (!refusal.isEmpty())
+        MsgBox::Inform(this, refusal);
 }
 
 void FFontPreview::drawFace(const CFontPreview& preview)

@@ -184,7 +184,10 @@ void DirListBox::Refresh()
     }
     m_ancestors = int(chain.size()) - 1;
     QDir current(m_path);
-    const QStringList subfolders = current.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+    // Qt lists a link to a device among the folders: only what really leads to a folder
+    // is offered, so that choosing an entry can never fail.
+    QStringList subfolders = current.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+    subfolders.removeIf([&current](const QString& name) { return !QFileInfo(current.filePath(name)).isDir(); });
     for (const QString& name : subfolders) {
         auto* item = new QListWidgetItem(closed, QString(2 * int(chain.size()), QLatin1Char(' ')) + name, this);
         item->setData(Qt::UserRole, current.filePath(name));

@@ -2,6 +2,7 @@
 #include "fontfile/fontregistration.h"
 
 #include "browser/enumfont.h"
+#include "components/boundedfile.h"
 #include "fontfile/fontsystem.h"
 #include "fontfile/webfont.h"
 
@@ -73,7 +74,11 @@ int remember(int id)
 
 int add(const QString& path)
 {
-    return remember(QFontDatabase::addApplicationFont(path));
+    // The bytes are handed over, not the path: read once, bounded, from a regular file.
+    const BoundedFile::Result file = BoundedFile::read(path, BoundedFile::FontLimit);
+    if (!file.ok())
+        return -1;
+    return remember(QFontDatabase::addApplicationFontFromData(file.bytes));
 }
 
 int addData(const QByteArray& sfnt)

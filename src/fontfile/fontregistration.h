@@ -11,7 +11,8 @@
 
 namespace FontRegistration {
 
-// Registers the file; the id to remove it with, or -1 when nothing was registered.
+// Registers the file (a regular file of at most 256 MB, read once); the id to remove
+// it with, or -1 when nothing was registered.
 int add(const QString& path);
 // Registers a font held in memory (an unpacked web font), the same way.
 int addData(const QByteArray& sfnt);

@@ -1,6 +1,8 @@
 // fontconfig and FreeType calls, each wrapped so that every handle is released.
 #include "fontfile/fontsystem.h"
 
+#include "components/boundedfile.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
@@ -41,6 +43,17 @@ public:
         }
         const QByteArray path = QFile::encodeName(file.path);
         if (FT_New_Face(m_library, path.constData(), file.index, &m_face) != 0)
+            m_face = nullptr;
+    }
+    // A face of a font held in memory; the bytes must outlive the object.
+    FreeTypeFace(const QByteArray& bytes, FT_Long index)
+    {
+        if (FT_Init_FreeType(&m_library) != 0) {
+            m_library = nullptr;
+            return;
+        }
+        if (FT_New_Memory_Face(m_library, reinterpret_cast<const FT_Byte*>(bytes.constData()), FT_Long(bytes.size()),
+                               index, &m_face) != 0)
             m_face = nullptr;
     }
     ~FreeTypeFace()
@@ -192,6 +205,15 @@ FamilyFace faceOf(FcPattern* pattern, QHash<QString, QByteArray>& tags)
     return face;
 }
 
+// fontconfig's pattern for one face (or one instance of it) held by FreeType.
+FaceNames namesOf(FT_Face face, int id)
+{
+    Pattern pattern(FcFreeTypeQueryFace(face, reinterpret_cast<const FcChar8*>(""), unsigned(id), nullptr));
+    if (!pattern)
+        return {};
+    return {stringOf(pattern.get(), FC_FAMILY), stringOf(pattern.get(), FC_STYLE)};
+}
+
 } // namespace
 
 QString wrapperOfTag(const QByteArray& tag)
@@ -230,28 +252,46 @@ QList<FamilyFace> familyFaces(const QString& family)
 
 QString familyOfFile(const QString& path)
 {
-    if (!QFileInfo(path).isFile()) // no directories, pipes or devices
+    // Read once, bounded and only from a regular file: no pipe or device can hold this.
+    const BoundedFile::Result file = BoundedFile::read(path, BoundedFile::FontLimit);
+    if (!file.ok())
         return QString();
-    int count = 0;
-    const QByteArray file = QFile::encodeName(path);
-    Pattern pattern(FcFreeTypeQuery(reinterpret_cast<const FcChar8*>(file.constData()), 0, nullptr, &count));
-    return pattern ? stringOf(pattern.get(), FC_FAMILY) : QString();
+    const FreeTypeFace handle(file.bytes, 0);
+    return handle.face() ? namesOf(handle.face(), 0).family : QString();
+}
+
+QList<FaceNames> facesOfData(const QByteArray& bytes)
+{
+    QList<FaceNames> faces;
+    FT_Long count = 1;
+    for (FT_Long index = 0; index < count; ++index) {
+        const FreeTypeFace handle(bytes, index);
+        FT_Face face = handle.face();
+        if (!face)
+            continue;
+        count = face->num_faces;
+        // The face, each named instance of a variable font, then the variable font
+        // itself (a pattern without style), as fontconfig lists them.
+        const int instances = int(face->style_flags >> 16);
+        QList<int> ids{int(index)};
+        for (int i = 1; i <= instances; ++i)
+            ids.append(int(index) | (i << 16));
+        if (instances > 0 && FT_HAS_MULTIPLE_MASTERS(face))
+            ids.append(int(index) | (0x8000 << 16));
+        for (int id : ids) {
+            const FaceNames names = namesOf(face, id);
+            if (!names.family.isEmpty())
+                faces.append(names);
+        }
+    }
+    return faces;
 }
 
 QStringList familiesOfFile(const QString& path, int maxFaces)
 {
-    QStringList families;
-    if (!QFileInfo(path).isFile())
-        return families;
-    const QByteArray file = QFile::encodeName(path);
-    int count = 1;
-    for (int face = 0; face < count && face < maxFaces; ++face) {
-        Pattern pattern(FcFreeTypeQuery(reinterpret_cast<const FcChar8*>(file.constData()), face, nullptr, &count));
-        if (!pattern)
-            break;
-        families.append(stringOf(pattern.get(), FC_FAMILY));
-    }
-    return families;
+    // Read once, bounded and only from a regular file, as familyOfFile does.
+    const BoundedFile::Result file = BoundedFile::read(path, BoundedFile::FontLimit);
+    return file.ok() ? familiesOfData(file.bytes, maxFaces) : QStringList();
 }
 
 QStringList familiesOfData(const QByteArray& font, int maxFaces)

@@ -16,12 +16,23 @@
 namespace FontSystem {
 
 // fontconfig's first family name for the file (relative paths are taken from the
-// current folder). Nothing is registered; empty for anything that is not a font.
+// current folder). Nothing is registered; empty for anything that is not a font, and
+// for anything but a regular file of at most BoundedFile::FontLimit bytes.
 QString familyOfFile(const QString& path);
 // The first family name of each face of a font file (every face of a collection), or of
 // a font held in memory; at most `maxFaces` faces are read.
 QStringList familiesOfFile(const QString& path, int maxFaces);
 QStringList familiesOfData(const QByteArray& font, int maxFaces);
+
+// What fontconfig reads in a font file held in memory, one entry per pattern: every
+// face of a collection and, for a variable font, its named instances and then the
+// variable font itself (no style). The family and style are each pattern's first ones.
+// Unlike fontconfig's file scan, a named instance equal to the default is kept.
+struct FaceNames {
+    QString family;
+    QString style;
+};
+QList<FaceNames> facesOfData(const QByteArray& bytes);
 
 struct FaceFile {
     QString path;

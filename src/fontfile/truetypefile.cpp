@@ -6,6 +6,7 @@
 #include "fontfile/bytereader.h"
 
 #include <QFile>
+#include <QHash>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -151,6 +152,18 @@ constexpr std::uint32_t headTag = tagOf("head");
 constexpr std::uint32_t nameTag = tagOf("name");
 constexpr std::uint32_t os2Tag = tagOf("OS/2");
 
+// What this read has cost so far against readLimits, and the tables it already read
+// at each offset: a file may point many entries at one table, which is read once.
+struct Work {
+    int tables = 0;
+    int nameRecords = 0;
+    std::int64_t stringBytes = 0;
+    QHash<std::int32_t, NameTable> names;
+    QHash<std::int32_t, std::int16_t> styleWords;
+
+    bool takeTable() { return ++tables <= readLimits.tables; }
+};
+
 // The directory's bytes, read once as a whole; entries are decoded on access.
 class Directory {
 public:
@@ -267,7 +280,7 @@ NameRecord readNameRecord(ByteReader& reader)
 
 // Where each string lies, in record order, up to the first one that cannot be read;
 // the strings from there on stay empty. The bytes they cover are read once.
-ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& table)
+ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& table, Work& work)
 {
     ReadEnd end = ReadEnd::Complete;
     std::int64_t first = -1;
@@ -291,7 +304,12 @@ ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& tabl
     }
     // Offsets are signed 16-bit words around the table's own offset, so this read is
     // at most about 160 KB whatever the counts say.
-    if (first < 0 || !file.read(first, last - first, table.store))
+    if (first < 0)
+        return end;
+    work.stringBytes += last - first;
+    if (work.stringBytes > readLimits.stringBytes)
+        return ReadEnd::WorkCapReached;
+    if (!file.read(first, last - first, table.store))
         return end;
     for (qsizetype i = 0; i < readable; ++i) {
         const NameRecord& record = table.records[i];
@@ -301,8 +319,14 @@ ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& tabl
     return end;
 }
 
-ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables)
+ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables, Work& work)
 {
+    if (const auto known = work.names.constFind(tableOffset); known != work.names.cend()) {
+        tables.names = *known;
+        return ReadEnd::Complete;
+    }
+    if (!work.takeTable())
+        return ReadEnd::WorkCapReached;
     QByteArray header;
     if (!file.read(tableOffset, nameHeaderSize, header))
         return ReadEnd::NameHeaderOutside;
@@ -312,6 +336,9 @@ ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables
     const std::int16_t stringOffset = *fields.i16();
     if (count <= 0)
         return ReadEnd::BadNameCount;
+    work.nameRecords += count;
+    if (work.nameRecords > readLimits.nameRecords)
+        return ReadEnd::WorkCapReached;
     QByteArray recordBytes;
     if (!file.read(std::int64_t(tableOffset) + nameHeaderSize, count * nameRecordSize, recordBytes))
         return ReadEnd::NameRecordsOutside;
@@ -322,23 +349,37 @@ ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables
     for (int i = 0; i < count; ++i)
         table.records.append(readNameRecord(records));
     table.strings.resize(count);
+    const ReadEnd end = readNameStrings(file, std::int64_t(tableOffset) + stringOffset, table, work);
+    if (end == ReadEnd::WorkCapReached)
+        return end; // the table read before stays whole
+    if (end == ReadEnd::Complete)
+        work.names.insert(tableOffset, table);
     tables.names = std::move(table);
-    return readNameStrings(file, std::int64_t(tableOffset) + stringOffset, *tables.names);
+    return end;
 }
 
-ReadEnd readStyleWord(Source& file, std::int32_t tableOffset, FontTables& tables)
+ReadEnd readStyleWord(Source& file, std::int32_t tableOffset, FontTables& tables, Work& work)
 {
+    if (const auto known = work.styleWords.constFind(tableOffset); known != work.styleWords.cend()) {
+        tables.styleWord = *known;
+        return ReadEnd::Complete;
+    }
+    if (!work.takeTable())
+        return ReadEnd::WorkCapReached;
     QByteArray os2;
     if (!file.read(tableOffset, os2BytesThroughFsSelection, os2))
         return ReadEnd::OS2Outside;
     ByteReader fields(bytesOf(os2));
     fields.seek(fsSelectionOffset);
     tables.styleWord = *fields.i16();
+    work.styleWords.insert(tableOffset, tables.styleWord);
     return ReadEnd::Complete;
 }
 
 ReadEnd readTables(Source& file, int faceIndex, FontTables& tables)
 {
+    if (file.size() > readLimits.fileBytes)
+        return ReadEnd::CannotOpen;
     if (file.size() < offsetTableSize)
         return ReadEnd::NoOffsetTable;
     std::int64_t start = 0;
@@ -352,12 +393,13 @@ ReadEnd readTables(Source& file, int faceIndex, FontTables& tables)
     if (end != ReadEnd::Complete || !tables.valid)
         return end;
     // Every name and OS/2 entry is read in directory order: the last one wins.
+    Work work;
     for (int i = 0; i < directory->count(); ++i) {
         const DirectoryEntry entry = directory->entry(i);
         if (entry.tag == nameTag)
-            end = readNameTable(file, entry.offset, tables);
+            end = readNameTable(file, entry.offset, tables, work);
         else if (entry.tag == os2Tag)
-            end = readStyleWord(file, entry.offset, tables);
+            end = readStyleWord(file, entry.offset, tables, work);
         if (end != ReadEnd::Complete)
             return end;
     }

@@ -53,7 +53,7 @@ struct FontTables {
 // was stored up to that point stays.
 enum class ReadEnd {
     Complete,
-    CannotOpen,         // the file could not be opened (nothing was read)
+    CannotOpen,         // not a regular file, too large, or unreadable (nothing was read)
     NoOffsetTable,      // fewer than 12 bytes
     BadTableCount,      // numTables of 0 or less
     DirectoryOutside,   // the directory runs past the end
@@ -66,7 +66,21 @@ enum class ReadEnd {
     OS2Outside,         // the OS/2 table does not reach fsSelection
     BadFaceIndex,       // no such face: past a collection's count, or not 0 in a plain font
     CollectionOutside,  // a collection's header or face offset does not fit
+    WorkCapReached,     // the file asked for more work than readLimits allows
 };
+
+// What reading one file may cost, whatever its counts and offsets say. A directory
+// entry pointing at a table already read at the same offset costs nothing: the table
+// is not read again (the result would be the same). A table that would go past one of
+// these limits ends the read with WorkCapReached, like any other failing read. A
+// well-formed font has one table of each kind and stays far below them.
+struct ReadLimits {
+    int tables = 1024;             // name and OS/2 tables read at distinct offsets
+    int nameRecords = 65536;       // name records parsed (two full tables of 32,767)
+    qint64 stringBytes = 1 << 20;  // bytes copied for name strings
+    qint64 fileBytes = 256LL << 20; // files larger than this are not read at all
+};
+inline constexpr ReadLimits readLimits{};
 
 // Reads one file's tables into `tables`.
 ReadEnd readFontFile(std::span<const std::uint8_t> file, FontTables& tables);
