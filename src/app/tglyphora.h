@@ -23,6 +23,9 @@ class ctlEBSplitter;
 class FontListFilter;
 class FontNameDelegate;
 class FontWatch;
+class MeasureWorker;
+class NeighbourPrep;
+struct MeasuredText;
 
 // The font list's header, sized without the bold variant of its font.
 class FontListHeader : public QHeaderView {
@@ -186,6 +189,12 @@ private:
     void updateFavouriteCaption();
     void fontsChanged();
     void syncList(const QStringList& names);
+    // Measuring after a font is shown, off this thread, and preparing the fonts likely
+    // to be shown next (browser/measure.cpp, browser/showahead.cpp)
+    MeasureWorker* measureWorker();
+    void measureShownFont();
+    void showFigures(const MeasuredText& figures, int dpi, int scaleMode);
+    void prepareNeighbours();
 
     QWidget* m_workArea = nullptr;
     QActionGroup* m_alignGroup = nullptr;
@@ -198,6 +207,9 @@ private:
     FontNameDelegate* m_nameDelegate = nullptr;
     QAbstractItemDelegate* m_plainDelegate = nullptr;
     QMenu* m_mnupol = nullptr;
+    MeasureWorker* m_measureWorker = nullptr;
+    NeighbourPrep* m_neighbourPrep = nullptr;
+    int m_shownRow = 0;          // row last shown, for the direction of travel
     QTimer* m_clock = nullptr;   // keeps the date and time panels current
     QStringList m_unitNames;     // index 0 is code 1
     QString m_printerName;

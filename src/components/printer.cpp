@@ -9,7 +9,6 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QRegularExpression>
 
 Printer& Printer::instance()
 {
@@ -111,28 +110,50 @@ int Printer::resolution()
     return device().resolution();
 }
 
+// CR LF, LF and CR each end a line. Written out rather than with a shared regular
+// expression because the measuring thread splits texts too.
 static QStringList splitLines(const QString& text)
 {
-    static const QRegularExpression breaks(QStringLiteral("\r\n|\r|\n"));
-    return text.split(breaks);
+    QStringList lines;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c != QLatin1Char('\r') && c != QLatin1Char('\n'))
+            continue;
+        lines.append(text.mid(start, i - start));
+        if (c == QLatin1Char('\r') && i + 1 < text.size() && text[i + 1] == QLatin1Char('\n'))
+            ++i;
+        start = i + 1;
+    }
+    lines.append(text.mid(start));
+    return lines;
+}
+
+double Printer::widestLine(const QFontMetricsF& metrics, const QString& text)
+{
+    double widest = 0;
+    for (const QString& line : splitLines(text))
+        widest = std::max(widest, metrics.horizontalAdvance(line));
+    return widest;
+}
+
+double Printer::linesHeight(const QFontMetricsF& metrics, const QString& text)
+{
+    return metrics.lineSpacing() * static_cast<double>(splitLines(text).size());
 }
 
 double Printer::TextWidth(const QString& text)
 {
     QPrinter& printer = device();
     const QFontMetricsF metrics(m_font, &printer);
-    double widest = 0;
-    for (const QString& line : splitLines(text))
-        widest = std::max(widest, metrics.horizontalAdvance(line));
-    return ScaleMode::fromDevicePixels(widest, printer.resolution(), m_scaleMode, false);
+    return ScaleMode::fromDevicePixels(widestLine(metrics, text), printer.resolution(), m_scaleMode, false);
 }
 
 double Printer::TextHeight(const QString& text)
 {
     QPrinter& printer = device();
     const QFontMetricsF metrics(m_font, &printer);
-    const double height = metrics.lineSpacing() * static_cast<double>(splitLines(text).size());
-    return ScaleMode::fromDevicePixels(height, printer.resolution(), m_scaleMode, true);
+    return ScaleMode::fromDevicePixels(linesHeight(metrics, text), printer.resolution(), m_scaleMode, true);
 }
 
 void Printer::beginDocument()
