@@ -194,7 +194,7 @@ private:
     MeasureWorker* measureWorker();
     void measureShownFont();
     void showFigures(const MeasuredText& figures, int dpi, int scaleMode);
-    void prepareNeighbours();
+    void prepareNeighbours(bool afterShow = true);
 
     QWidget* m_workArea = nullptr;
     QActionGroup* m_alignGroup = nullptr;

@@ -8,7 +8,6 @@
 #include <QMutex>
 #include <QPaintDevice>
 #include <QThread>
-#include <QWaitCondition>
 #include <deque>
 
 namespace {
@@ -71,54 +70,59 @@ struct MeasureWorker::Job {
 
 struct MeasureWorker::Shared {
     QMutex mutex;
-    QWaitCondition wake;
     std::optional<Job> request;
     std::deque<Job> ahead;
-    quint64 generation = 0;
+    bool posted = false; // a call to drain is on its way
     bool stopping = false;
 };
 
-class MeasureWorker::Thread : public QThread {
-public:
-    Thread(MeasureWorker* owner, std::shared_ptr<Shared> shared) : m_owner(owner), m_shared(std::move(shared)) {}
-
-protected:
-    void run() override
+// Runs on the measuring thread, which has an event loop of its own so that Qt's font
+// cache there is trimmed by its timers: one job per call, the next one posted after it.
+void MeasureWorker::drain(const std::shared_ptr<Shared>& shared, QObject* pump, MeasureWorker* owner)
+{
+    Job job;
     {
-        for (;;) {
-            Job job;
-            {
-                QMutexLocker lock(&m_shared->mutex);
-                while (!m_shared->stopping && !m_shared->request && m_shared->ahead.empty())
-                    m_shared->wake.wait(&m_shared->mutex);
-                if (m_shared->stopping)
-                    return;
-                if (m_shared->request) {
-                    job = std::move(*m_shared->request);
-                    m_shared->request.reset();
-                } else {
-                    job = std::move(m_shared->ahead.front());
-                    m_shared->ahead.pop_front();
-                }
-            }
-            const MeasuredText figures = MeasureWorker::measure(job.font, job.text, job.dpi);
-            job.font = QFont(); // released on this thread, which made its engines
-            MeasureWorker* owner = m_owner;
-            QMetaObject::invokeMethod(owner, [owner, job, figures] { owner->deliver(job, figures); }, Qt::QueuedConnection);
+        QMutexLocker lock(&shared->mutex);
+        shared->posted = false;
+        if (shared->stopping)
+            return;
+        if (shared->request) {
+            job = std::move(*shared->request);
+            shared->request.reset();
+        } else if (!shared->ahead.empty()) {
+            job = std::move(shared->ahead.front());
+            shared->ahead.pop_front();
+        } else {
+            return;
         }
     }
+    const MeasuredText figures = measure(job.font, job.text, job.dpi);
+    job.font = QFont(); // let go on this thread, which made its engines
+    QMetaObject::invokeMethod(owner, [owner, job, figures] { owner->deliver(job, figures); }, Qt::QueuedConnection);
+    post(shared, pump, owner);
+}
 
-private:
-    MeasureWorker* m_owner;
-    std::shared_ptr<Shared> m_shared;
-};
+// Makes sure a call to drain is waiting on the measuring thread when there is work.
+void MeasureWorker::post(const std::shared_ptr<Shared>& shared, QObject* pump, MeasureWorker* owner)
+{
+    {
+        QMutexLocker lock(&shared->mutex);
+        if (shared->posted || shared->stopping || (!shared->request && shared->ahead.empty()))
+            return;
+        shared->posted = true;
+    }
+    QMetaObject::invokeMethod(pump, [shared, pump, owner] { drain(shared, pump, owner); }, Qt::QueuedConnection);
+}
 
 MeasureWorker::MeasureWorker(QObject* parent) : QObject(parent), m_shared(std::make_shared<Shared>())
 {
     qRegisterMetaType<MeasuredText>();
     m_cache.setMaxCost(512);
-    m_thread = new Thread(this, m_shared);
+    m_thread = new QThread(this);
     m_thread->setObjectName(QStringLiteral("MeasureWorker"));
+    m_pump = new QObject;
+    m_pump->moveToThread(m_thread);
+    connect(m_thread, &QThread::finished, m_pump, &QObject::deleteLater);
     m_thread->start();
 }
 
@@ -129,11 +133,10 @@ MeasureWorker::~MeasureWorker()
         m_shared->stopping = true;
         m_shared->request.reset();
         m_shared->ahead.clear();
-        m_shared->wake.wakeAll();
     }
     // At most the text being measured is finished before the thread ends.
+    m_thread->quit();
     m_thread->wait();
-    delete m_thread;
 }
 
 MeasuredText MeasureWorker::measure(const QFont& font, const QString& text, const QPaintDevice* device)
@@ -175,10 +178,11 @@ quint64 MeasureWorker::request(const QFont& font, const QString& text, int dpi)
 {
     useText(text, dpi);
     Job job{fontForResolution(font, dpi), text, dpi, ++m_generation, cacheKey(font, text, dpi)};
-    QMutexLocker lock(&m_shared->mutex);
-    m_shared->generation = m_generation;
-    m_shared->request = std::move(job);
-    m_shared->wake.wakeAll();
+    {
+        QMutexLocker lock(&m_shared->mutex);
+        m_shared->request = std::move(job);
+    }
+    post(m_shared, m_pump, this);
     return m_generation;
 }
 
@@ -186,7 +190,6 @@ void MeasureWorker::cancel()
 {
     ++m_generation;
     QMutexLocker lock(&m_shared->mutex);
-    m_shared->generation = m_generation;
     m_shared->request.reset();
 }
 
@@ -198,10 +201,11 @@ void MeasureWorker::prepare(const QList<QFont>& fonts, const QString& text, int 
         if (!cached(font, text, dpi))
             jobs.push_back({fontForResolution(font, dpi), text, dpi, 0, cacheKey(font, text, dpi)});
     }
-    QMutexLocker lock(&m_shared->mutex);
-    m_shared->ahead = std::move(jobs);
-    if (!m_shared->ahead.empty())
-        m_shared->wake.wakeAll();
+    {
+        QMutexLocker lock(&m_shared->mutex);
+        m_shared->ahead = std::move(jobs);
+    }
+    post(m_shared, m_pump, this);
 }
 
 int MeasureWorker::queuedCount() const

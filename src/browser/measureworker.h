@@ -13,6 +13,7 @@
 #include <optional>
 
 class QPaintDevice;
+class QThread;
 
 // A measured text in device pixels of the surface it was measured on.
 struct MeasuredText {
@@ -55,9 +56,12 @@ private:
     void useText(const QString& text, int dpi);
     QString cacheKey(const QFont& font, const QString& text, int dpi) const;
 
+    static void drain(const std::shared_ptr<Shared>& shared, QObject* pump, MeasureWorker* owner);
+    static void post(const std::shared_ptr<Shared>& shared, QObject* pump, MeasureWorker* owner);
+
     std::shared_ptr<Shared> m_shared;
-    class Thread;
-    Thread* m_thread = nullptr;
+    QThread* m_thread = nullptr;
+    QObject* m_pump = nullptr; // lives on the measuring thread
     quint64 m_generation = 0;
     QCache<QString, MeasuredText> m_cache;
     QString m_cacheText; // the cache holds figures of this text at this resolution only

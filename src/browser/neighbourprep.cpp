@@ -1,6 +1,7 @@
-// Preparing the next fonts when idle. The screen engine and the printer-resolution engine
-// are made one after the other, never together: both need Qt's font database lock, and
-// the window thread should not wait for the measuring thread's engine.
+// Preparing the next fonts when idle. The measuring thread only makes the figures of the
+// first few fonts of a plan (the rows next in the direction of travel, which keys and the
+// slideshow reach): a click on another row gets its figures measured after it, and the
+// two threads compete less for the processor and Qt's font database lock.
 #include "browser/neighbourprep.h"
 
 #include "browser/measureworker.h"
@@ -8,10 +9,12 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFontMetricsF>
+#include <QPainter>
 
 namespace {
 constexpr int stepsAhead = 3;  // rows prepared in the direction of travel
 constexpr int stepsBehind = 2; // and in the other one
+constexpr int measuredAhead = 4; // fonts whose figures are made ahead
 }
 
 NeighbourPrep::NeighbourPrep(MeasureWorker* worker, QObject* parent) : QObject(parent), m_worker(worker)
@@ -19,7 +22,6 @@ NeighbourPrep::NeighbourPrep(MeasureWorker* worker, QObject* parent) : QObject(p
     m_timer.setSingleShot(true);
     m_timer.setInterval(0);
     connect(&m_timer, &QTimer::timeout, this, &NeighbourPrep::step);
-    connect(m_worker, &MeasureWorker::prepared, this, &NeighbourPrep::workerPrepared);
     if (QCoreApplication::instance())
         QCoreApplication::instance()->installEventFilter(this);
 }
@@ -56,12 +58,14 @@ QList<int> NeighbourPrep::rowsToPrepare(int current, int previous, int count, in
     return rows;
 }
 
-void NeighbourPrep::plan(const QList<QFont>& fonts, const QString& text, int dpi)
+void NeighbourPrep::plan(const QList<QFont>& fonts, const QString& text, int dpi, const QString& drawn)
 {
     m_fonts = fonts;
-    m_text = text;
-    m_dpi = dpi;
-    if (!m_waitingForWorker && !m_fonts.isEmpty())
+    m_drawn = drawn.split(QLatin1Char('\n'));
+    m_worker->prepare(fonts.mid(0, measuredAhead), text, dpi);
+    if (m_fonts.isEmpty())
+        m_timer.stop();
+    else
         m_timer.start();
 }
 
@@ -73,27 +77,22 @@ void NeighbourPrep::stop()
 
 void NeighbourPrep::step()
 {
-    if (m_fonts.isEmpty()) {
-        Q_EMIT finished();
+    if (m_fonts.isEmpty())
         return;
-    }
     const QFont font = m_fonts.takeFirst();
-    // The screen engine the samples will use (Latin text is laid out with the engine
-    // for common characters, which these metrics load).
-    QFontMetricsF(font).ascent();
-    if (m_worker->cached(font, m_text, m_dpi)) {
-        m_timer.start();
-        return;
+    // The screen engine the samples will use, and their glyphs drawn once so that the
+    // engine has them ready (into an image of the format windows are painted in).
+    const QFontMetricsF metrics(font);
+    if (!m_drawn.isEmpty()) {
+        const int lineHeight = std::max(1, int(metrics.lineSpacing()) + 1);
+        const QSize size(480, std::min(2000, lineHeight * int(m_drawn.size())));
+        if (m_image.size() != size)
+            m_image = QImage(size, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&m_image);
+        painter.setFont(font);
+        for (int i = 0; i < m_drawn.size(); ++i)
+            painter.drawText(QPointF(0, i * lineHeight + metrics.ascent()), m_drawn[i]);
     }
-    m_waitingForWorker = true;
-    m_worker->prepare({font}, m_text, m_dpi);
-}
-
-void NeighbourPrep::workerPrepared()
-{
-    if (!m_waitingForWorker)
-        return;
-    m_waitingForWorker = false;
     if (m_fonts.isEmpty())
         Q_EMIT finished();
     else

@@ -1,11 +1,12 @@
 // NeighbourPrep: the fonts the user is likely to show next, prepared while the event
-// queue is empty - the screen font engine on this thread, then the printer figures on the
-// measuring thread - one font at a time, so that a key, a click or a slideshow step finds
-// them ready. Any key, button or wheel input stops the work until it has been handled.
-// No widgets.
+// queue is empty - the screen font engine on this thread, one font at a time, and the
+// printer figures of the first few on the measuring thread - so that a key, a click or a
+// slideshow step finds them ready. Any key, button or wheel input goes first. No widgets.
 #pragma once
 
 #include <QFont>
+#include <QImage>
+#include <QStringList>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -25,12 +26,13 @@ public:
     // `firstVisible`..`lastVisible` are the rows in view (0 when unknown).
     static QList<int> rowsToPrepare(int current, int previous, int count, int firstVisible, int lastVisible);
 
-    // Replaces what is left to prepare. `fonts` are the sample's fonts in order.
-    void plan(const QList<QFont>& fonts, const QString& text, int dpi);
+    // Replaces what is left to prepare. `fonts` are the sample's fonts in order, `text`
+    // the measured text at `dpi`; the lines of `drawn` (LF between them) are drawn.
+    void plan(const QList<QFont>& fonts, const QString& text, int dpi, const QString& drawn = QString());
     void stop();
     // Fonts whose screen engine is still to be made.
     int remaining() const { return int(m_fonts.size()); }
-    bool isBusy() const { return !m_fonts.isEmpty() || m_waitingForWorker; }
+    bool isBusy() const { return !m_fonts.isEmpty(); }
 
 Q_SIGNALS:
     // Everything planned is prepared.
@@ -41,12 +43,10 @@ protected:
 
 private:
     void step();
-    void workerPrepared();
 
     MeasureWorker* m_worker;
     QTimer m_timer;
     QList<QFont> m_fonts;
-    QString m_text;
-    int m_dpi = 0;
-    bool m_waitingForWorker = false;
+    QStringList m_drawn;
+    QImage m_image;
 };

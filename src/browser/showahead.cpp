@@ -1,5 +1,5 @@
-// After a font is shown: the fonts of the rows the user is likely to show next are
-// prepared while the window is idle (see NeighbourPrep).
+// After a font is shown, or the list scrolled: the fonts of the rows the user is likely
+// to show next are prepared while the window is idle (see NeighbourPrep).
 #include "app/tglyphora.h"
 
 #include "browser/fontlistfilter.h"
@@ -8,35 +8,53 @@
 #include "browser/samplebox.h"
 #include "components/printer.h"
 
+#include <QScrollBar>
+#include <QTimer>
 #include <QTreeWidget>
 
-void tglyphora::prepareNeighbours()
+void tglyphora::prepareNeighbours(bool afterShow)
 {
-    QTreeWidgetItem* item = List1->currentItem();
-    const int current = m_filtre->rowNumber(item);
-    const int previous = m_shownRow;
-    m_shownRow = current;
-    if (current <= 0)
-        return;
-    if (!m_neighbourPrep)
+    const int current = m_filtre->rowNumber(List1->currentItem());
+    const int previous = afterShow ? m_shownRow : current;
+    if (afterShow)
+        m_shownRow = current;
+    if (!m_neighbourPrep) {
         m_neighbourPrep = new NeighbourPrep(measureWorker(), this);
+        // Rows scrolled into view come first once the scrolling stops.
+        auto* scrolled = new QTimer(m_neighbourPrep);
+        scrolled->setSingleShot(true);
+        scrolled->setInterval(30);
+        connect(scrolled, &QTimer::timeout, this, [this] { prepareNeighbours(false); });
+        connect(List1->verticalScrollBar(), &QScrollBar::valueChanged, scrolled, qOverload<>(&QTimer::start));
+    }
 
-    const QWidget* viewport = List1->viewport();
     const int firstVisible = m_filtre->rowNumber(List1->itemAt(0, 0));
-    QTreeWidgetItem* bottom = List1->itemAt(0, viewport->height() - 1);
+    QTreeWidgetItem* bottom = List1->itemAt(0, List1->viewport()->height() - 1);
     const int lastVisible = bottom ? m_filtre->rowNumber(bottom) : m_filtre->visibleCount();
-    const QList<int> rows = NeighbourPrep::rowsToPrepare(current, previous, m_filtre->visibleCount(),
-                                                         firstVisible, lastVisible);
+    QList<int> rows;
+    if (!afterShow && firstVisible > 0) {
+        for (int row = firstVisible; row <= lastVisible; ++row) {
+            if (row != current)
+                rows.append(row);
+        }
+    }
+    if (current > 0) {
+        for (int row : NeighbourPrep::rowsToPrepare(current, previous, m_filtre->visibleCount(), firstVisible, lastVisible)) {
+            if (!rows.contains(row))
+                rows.append(row);
+        }
+    }
     // Each row's sample font: the shown one with that row's face.
     const QFont shown = Text2->font();
     QList<QFont> fonts;
     fonts.reserve(rows.size());
     for (int row : rows) {
-        if (QTreeWidgetItem* neighbour = m_filtre->visibleItem(row)) {
+        if (QTreeWidgetItem* item = m_filtre->visibleItem(row)) {
             QFont font = shown;
-            font.setFamilies({neighbour->text(0)});
+            font.setFamilies({item->text(0)});
             fonts.append(font);
         }
     }
-    m_neighbourPrep->plan(fonts, Text2->text(), Printer::instance().resolution());
+    const QString drawn = Text1->toPlainText() + QLatin1Char('\n') + Text2->toPlainText();
+    m_neighbourPrep->plan(fonts, Text2->text(), Printer::instance().resolution(), drawn);
 }
