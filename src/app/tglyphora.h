@@ -209,7 +209,8 @@ private:
     QMenu* m_mnupol = nullptr;
     MeasureWorker* m_measureWorker = nullptr;
     NeighbourPrep* m_neighbourPrep = nullptr;
-    int m_shownRow = 0;          // row last shown, for the direction of travel
+    int m_shownRow = 0;          // row last shown and the one shown before it, for
+    int m_travelFrom = 0;        // the direction of travel
     QTimer* m_clock = nullptr;   // keeps the date and time panels current
     QStringList m_unitNames;     // index 0 is code 1
     QString m_printerName;

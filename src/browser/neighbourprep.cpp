@@ -14,7 +14,7 @@
 namespace {
 constexpr int stepsAhead = 3;  // rows prepared in the direction of travel
 constexpr int stepsBehind = 2; // and in the other one
-constexpr int measuredAhead = 4; // fonts whose figures are made ahead
+constexpr int measuredAhead = 5; // fonts whose figures are made ahead
 }
 
 NeighbourPrep::NeighbourPrep(MeasureWorker* worker, QObject* parent) : QObject(parent), m_worker(worker)
@@ -44,8 +44,11 @@ QList<int> NeighbourPrep::rowsToPrepare(int current, int previous, int count, in
         add(current + direction * i);
     const int page = firstVisible > 0 && lastVisible >= firstVisible ? lastVisible - firstVisible : 0;
     if (page > 0) {
+        // A page key moves by the rows in view, the partly visible one included.
         add(current + direction * page);
+        add(current + direction * (page + 1));
         add(current - direction * page);
+        add(current - direction * (page + 1));
     }
     for (int i = 1; i <= stepsBehind; ++i)
         add(current - direction * i);

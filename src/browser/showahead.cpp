@@ -15,12 +15,16 @@
 void tglyphora::prepareNeighbours(bool afterShow)
 {
     const int current = m_filtre->rowNumber(List1->currentItem());
-    const int previous = afterShow ? m_shownRow : current;
-    if (afterShow)
+    // The direction of travel is that of the last move, also when the list scrolls.
+    if (afterShow && current != m_shownRow) {
+        m_travelFrom = m_shownRow;
         m_shownRow = current;
+    }
+    if (current <= 0)
+        return;
     if (!m_neighbourPrep) {
         m_neighbourPrep = new NeighbourPrep(measureWorker(), this);
-        // Rows scrolled into view come first once the scrolling stops.
+        // The rows scrolled into view are planned once the scrolling stops.
         auto* scrolled = new QTimer(m_neighbourPrep);
         scrolled->setSingleShot(true);
         scrolled->setInterval(30);
@@ -32,17 +36,14 @@ void tglyphora::prepareNeighbours(bool afterShow)
     QTreeWidgetItem* bottom = List1->itemAt(0, List1->viewport()->height() - 1);
     const int lastVisible = bottom ? m_filtre->rowNumber(bottom) : m_filtre->visibleCount();
     QList<int> rows;
-    if (!afterShow && firstVisible > 0) {
-        for (int row = firstVisible; row <= lastVisible; ++row) {
-            if (row != current)
-                rows.append(row);
-        }
+    if (!afterShow && (current < firstVisible || current > lastVisible)) {
+        // Scrolled away from the shown row: the rows in view are the likely clicks.
+        for (int row = firstVisible; row > 0 && row <= lastVisible; ++row)
+            rows.append(row);
     }
-    if (current > 0) {
-        for (int row : NeighbourPrep::rowsToPrepare(current, previous, m_filtre->visibleCount(), firstVisible, lastVisible)) {
-            if (!rows.contains(row))
-                rows.append(row);
-        }
+    for (int row : NeighbourPrep::rowsToPrepare(current, m_travelFrom, m_filtre->visibleCount(), firstVisible, lastVisible)) {
+        if (!rows.contains(row))
+            rows.append(row);
     }
     // Each row's sample font: the shown one with that row's face.
     const QFont shown = Text2->font();
