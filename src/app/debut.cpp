@@ -11,6 +11,7 @@ namespace debut {
 
 void Main()
 {
+    Settings::CheckReadable(); // before the first setting is read
     const QString thanks = Settings::GetSetting(QStringLiteral("Glyphora"), QStringLiteral("Donation"),
                                                 QStringLiteral("Merci"), QString());
     if (thanks.isEmpty()) {

@@ -18,6 +18,7 @@ class QToolBar;
 class QTreeWidget;
 class QTreeWidgetItem;
 class SampleBox;
+class ScriptNotice;
 class ctlEBSplitter;
 
 // The font list's header, sized without the bold variant of its font.
@@ -147,6 +148,8 @@ private:
     void buildStatusBar();
     void buildWorkArea();
     void showContextMenu(const QPoint& globalPos);
+    // The window's key preview and mouse handling of its controls; true when consumed.
+    bool previewEvent(QObject* watched, QEvent* event);
 
     // Font list (browser/fontlist.cpp)
     void ShowSelectedFont();
@@ -170,6 +173,7 @@ private:
     void restorePreferences();
 
     QWidget* m_workArea = nullptr;
+    ScriptNotice* m_scriptNotice = nullptr; // under the samples, for faces of another script
     QActionGroup* m_alignGroup = nullptr;
     QList<QAction*> m_buttons;   // index 0 is button 1
     QList<QLabel*> m_panels;     // index 0 is panel 1

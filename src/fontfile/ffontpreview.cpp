@@ -2,6 +2,7 @@
 // redraw after a resize, and the copy of the description to the clipboard.
 #include "fontfile/ffontpreview.h"
 
+#include "components/errorreport.h"
 #include "components/runtimeerror.h"
 #include "components/stdfont.h"
 #include "fontfile/cfontpreview.h"
@@ -51,10 +52,10 @@ FFontPreview::FFontPreview(QWidget* parent) : QDialog(parent)
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(redrawDelayMs);
 
-    connect(Drive1, &DriveListBox::Change, this, &FFontPreview::Drive1_Change);
-    connect(Dir1, &DirListBox::Change, this, &FFontPreview::Dir1_Change);
-    connect(File1, &FileListBox::Click, this, &FFontPreview::File1_Click);
-    connect(Timer1, &QTimer::timeout, this, &FFontPreview::Timer1_Timer);
+    ErrorReport::connect(Drive1, &DriveListBox::Change, this, &FFontPreview::Drive1_Change);
+    ErrorReport::connect(Dir1, &DirListBox::Change, this, &FFontPreview::Dir1_Change);
+    ErrorReport::connect(File1, &FileListBox::Click, this, &FFontPreview::File1_Click);
+    ErrorReport::connect(Timer1, &QTimer::timeout, this, &FFontPreview::Timer1_Timer);
     for (QWidget* control : {static_cast<QWidget*>(Drive1), static_cast<QWidget*>(Dir1),
                              static_cast<QWidget*>(File1), static_cast<QWidget*>(Picture1)})
         control->installEventFilter(this); // the window sees its controls' keys first
@@ -66,7 +67,7 @@ void FFontPreview::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QDialog::setVisible(visible);
 }

@@ -4,8 +4,11 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace FontSystem {
 
@@ -29,5 +32,17 @@ struct CharacterInfo {
 };
 // Read through FreeType; nullopt when the face cannot be opened.
 std::optional<CharacterInfo> characterInfo(const FaceFile& face);
+
+// What a family's regular face holds, as fontconfig knows it: the characters it maps
+// and the languages it covers.
+struct Coverage {
+    std::vector<std::pair<char32_t, char32_t>> ranges; // sorted, inclusive
+    QStringList languages;                             // fontconfig's, as "lo", "zh-cn"
+    bool contains(char32_t code) const;
+    // The first `count` characters that are drawn (no controls, no blanks).
+    QString firstCharacters(int count) const;
+};
+// nullopt when no installed or registered face has exactly that family name.
+std::optional<Coverage> coverage(const QString& family);
 
 } // namespace FontSystem

@@ -5,6 +5,7 @@
 #include "browser/samplebox.h"
 #include "components/cmdialog.h"
 #include "components/colorvalue.h"
+#include "components/errorreport.h"
 #include "components/msgbox.h"
 #include "components/printer.h"
 #include "components/runtimeerror.h"
@@ -43,6 +44,7 @@ void ignoringFailure(F&& statement)
 
 void tglyphora::mclipboard_Click()
 {
+    const ErrorReport::Doing copying(QStringLiteral("Copie du nom de la police sélectionnée"));
     QTreeWidgetItem* item = List1->currentItem();
     if (!item)
         throw RuntimeError::objectMissing(QStringLiteral("List1.SelectedItem"));
@@ -60,6 +62,7 @@ void tglyphora::mcreatefile_Click()
         QStringLiteral("."), QStringLiteral("txt"));
     if (file.trimmed().isEmpty())
         return;
+    const ErrorReport::Doing saving(QStringLiteral("Enregistrement de la liste dans ") + file);
 
     setCursor(Qt::WaitCursor);
     QFile out(file);

@@ -1,6 +1,7 @@
 // Font uninstall window: the list of the user's font files and their removal.
 #include "output/fontuninstall.h"
 
+#include "components/errorreport.h"
 #include "components/msgbox.h"
 #include "output/userfonts.h"
 
@@ -67,16 +68,16 @@ FontUninstall::FontUninstall(QWidget* parent) : QDialog(parent)
     buttons->addWidget(Command2);
     layout->addLayout(buttons);
 
-    connect(List1, &QTreeWidget::itemSelectionChanged, this, &FontUninstall::List1_SelectionChanged);
-    connect(Command1, &QPushButton::clicked, this, &FontUninstall::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &FontUninstall::Command2_Click);
+    ErrorReport::connect(List1, &QTreeWidget::itemSelectionChanged, this, &FontUninstall::List1_SelectionChanged);
+    ErrorReport::connect(Command1, &QPushButton::clicked, this, &FontUninstall::Command1_Click);
+    ErrorReport::connect(Command2, &QPushButton::clicked, this, &FontUninstall::Command2_Click);
 }
 
 void FontUninstall::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QDialog::setVisible(visible);
 }
