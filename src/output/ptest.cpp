@@ -20,6 +20,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -174,6 +175,11 @@ void Ptest::setVisible(bool visible)
     if (visible && !m_loaded) {
         m_loaded = true;
         ErrorReport::guard([this] { Form_Load(); });
+        // The name-font list shows at least eight names, with room for its scroll bar.
+        const int row = List2->sizeHintForRow(0);
+        if (row > 0)
+            List2->setMinimumHeight(8 * row + 2 * List2->frameWidth()
+                                    + List2->horizontalScrollBar()->sizeHint().height());
     }
     QDialog::setVisible(visible);
 }
