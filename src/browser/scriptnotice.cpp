@@ -5,7 +5,9 @@
 #include "browser/samplebox.h"
 #include "browser/scriptsample.h"
 #include "components/errorreport.h"
+#include "fontfile/fontsystem.h"
 
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -41,25 +43,27 @@ void ScriptNotice::faceChanged(const QString& face)
             m_text2->setText(m_savedText2);
         m_sampleFace.clear();
     }
-    if (face != m_face) {
-        m_face = face;
-        m_coverage = FontSystem::coverage(face);
-    }
+    m_face = face;
     recheck();
 }
 
 void ScriptNotice::recheck()
 {
-    if (!m_coverage || !m_text1 || !m_text2) {
+    if (m_face.isEmpty() || !m_text1 || !m_text2) {
         showNotice(false);
         return;
     }
-    showNotice(ScriptSample::lacksLettersOf(*m_coverage, m_text1->text() + m_text2->text()));
+    // The samples' own font: its face alone answers (no font merging), from the
+    // character map its drawing has loaded anyway.
+    const QFontMetrics face(m_text1->font());
+    const auto has = [&face](char32_t code) { return face.inFontUcs4(code); };
+    showNotice(ScriptSample::lacksLettersOf(m_text1->text() + m_text2->text(), has));
 }
 
 QString ScriptNotice::sample() const
 {
-    return m_coverage ? ScriptSample::sampleFor(*m_coverage) : QString();
+    const auto coverage = FontSystem::coverage(m_face);
+    return coverage ? ScriptSample::sampleFor(*coverage) : QString();
 }
 
 void ScriptNotice::Command1_Click()

@@ -3,11 +3,8 @@
 // short sample in the face's own script into Text2 for that face only.
 #pragma once
 
-#include "fontfile/fontsystem.h"
-
 #include <QPointer>
 #include <QWidget>
-#include <optional>
 
 class QLabel;
 class QPushButton;
@@ -26,7 +23,8 @@ public:
     void faceChanged(const QString& face);
     // The sample texts changed: shows or hides the notice for the present face.
     void recheck();
-    // The text Command1 puts into Text2 for the present face ("" without a face).
+    // The text Command1 puts into Text2 for the present face ("" without a face). It
+    // asks fontconfig, which takes a while with thousands of fonts: only on demand.
     QString sample() const;
 
 public Q_SLOTS:
@@ -42,7 +40,6 @@ private:
     QPointer<SampleBox> m_text1;
     QPointer<SampleBox> m_text2;
     QString m_face;
-    std::optional<FontSystem::Coverage> m_coverage;
     // What Text2 held before the sample, the sample, and the face it was put for.
     QString m_savedText2;
     QString m_putSample;

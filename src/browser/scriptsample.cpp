@@ -59,13 +59,13 @@ bool holdsAll(const FontSystem::Coverage& face, const QString& text)
 
 } // namespace
 
-bool lacksLettersOf(const FontSystem::Coverage& face, const QString& text)
+bool lacksLettersOf(const QString& text, const std::function<bool(char32_t)>& faceHas)
 {
     bool letters = false;
     for (const char32_t code : text.toUcs4()) {
         if (!QChar::isLetter(code))
             continue;
-        if (face.contains(code))
+        if (faceHas(code))
             return false;
         letters = true;
     }

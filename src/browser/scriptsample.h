@@ -5,6 +5,7 @@
 #include "fontfile/fontsystem.h"
 
 #include <QString>
+#include <functional>
 
 namespace ScriptSample {
 
@@ -12,7 +13,7 @@ namespace ScriptSample {
 inline constexpr int SymbolSampleLength = 40;
 
 // True when the text holds letters and the face has none of them.
-bool lacksLettersOf(const FontSystem::Coverage& face, const QString& text);
+bool lacksLettersOf(const QString& text, const std::function<bool(char32_t)>& faceHas);
 // A short text in the face's script: the sample of the first language it covers for
 // which one is known and whose characters it all holds; otherwise its first 40
 // characters.
