@@ -5,11 +5,15 @@
 #include "app/tglyphora.h"
 #include "browser/samplebox.h"
 #include "components/errorreport.h"
+#include "components/printer.h"
+#include "fontfile/fontregistration.h"
 #include "support/modalscript.h"
+#include "support/sfntwriter.h"
 #include "support/testsupport.h"
 
 #include <QAction>
 #include <QComboBox>
+#include <QDirIterator>
 #include <QFile>
 #include <QInputDialog>
 #include <QLabel>
@@ -111,7 +115,58 @@ int saveListInto()
     return 0; // not reached
 }
 
+// Prints the font list (the design leaves its document open), with a family named
+// GLYPHORA_MARKER among the fonts, then fails: the report sends the waiting document.
+int printListThenFail()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("marque.ttf"));
+    Sfnt::writeFile(file, Sfnt::boxFont(qEnvironmentVariable("GLYPHORA_MARKER"), Sfnt::characterRange(U'A', U'z')));
+    FontRegistration::add(file);
+    answerTheReport();
+    ErrorReport::guard([] { debut::Main(); });
+    tglyphora* w = tglyphora::instance();
+    w->charge();
+    ModalScript script({ModalScript::clickButton(QMessageBox::Yes), [](QWidget* modal) {
+                            if (auto* box = qobject_cast<QInputDialog*>(modal)) {
+                                box->setTextValue(QStringLiteral("-1"));
+                                box->accept();
+                            }
+                        }});
+    QTimer::singleShot(0, w, [w] {
+        w->findChild<QAction*>(QStringLiteral("mimpnames"))->trigger();
+        std::printf("open=%d\n", int(Printer::instance().hasOpenDocument()));
+        std::fflush(stdout);
+        w->findChild<QAction*>(QStringLiteral("mvisboucle"))->trigger();
+    });
+    QApplication::exec();
+    return 0; // not reached
+}
+
+// PDFs the queue wrote after `since` that hold the text, once the queue is empty.
+QString pdfHolding(const QDateTime& since, const QString& text)
+{
+    QString found;
+    TestSupport::waitFor([&] {
+        QProcess lpstat;
+        lpstat.start(QStringLiteral("lpstat"), {QStringLiteral("-o")});
+        lpstat.waitForFinished(10000);
+        if (!lpstat.readAllStandardOutput().trimmed().isEmpty())
+            return false;
+        QDirIterator files(TestSupport::pdfOutputFolder(), {QStringLiteral("*.pdf")}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QFileInfo info(files.next());
+            if (info.lastModified() >= since && TestSupport::pdfText(info.filePath()).contains(text))
+                found = info.filePath();
+        }
+        return !found.isEmpty();
+    }, 60000);
+    return found;
+}
+
 const bool registered = [] {
+    TestSupport::registerScenario(QStringLiteral("print-list-then-fail"), &printListThenFail);
     TestSupport::registerScenario(QStringLiteral("start"), &start);
     TestSupport::registerScenario(QStringLiteral("type-then-fail"), &typeThenFail);
     TestSupport::registerScenario(QStringLiteral("save-list-into"), &saveListInto);
@@ -280,6 +335,24 @@ private Q_SLOTS:
         // The recovery of the untouched samples is there for the next start.
         QCOMPARE(TestSupport::readSetting(QStringLiteral("Recuperation"), QStringLiteral("Texte2")),
                  QStringLiteral("Texte d'essai"));
+    }
+
+    void aWaitingPrintDocumentIsSentBeforeTheEnd()
+    {
+        if (!TestSupport::requirePrinter()) {
+            if (qEnvironmentVariableIsSet("GLYPHORA_REQUIRE_PRINTER"))
+                QFAIL("no default printer");
+            QSKIP("no default printer");
+        }
+        const QString marker = QStringLiteral("Glyphora Marque %1").arg(QDateTime::currentMSecsSinceEpoch());
+        const QDateTime since = QDateTime::currentDateTime().addSecs(-1);
+        const auto child = TestSupport::runScenario(QStringLiteral("print-list-then-fail"),
+                                                    {QStringLiteral("GLYPHORA_MARKER=") + marker});
+        QCOMPARE(child.exitCode, ErrorReport::ExitStatus);
+        QCOMPARE(line(child, QStringLiteral("open")), QStringLiteral("1")); // left open by the command
+        QVERIFY2(line(child, QStringLiteral("text")).startsWith(QStringLiteral("Erreur d'exécution '380'")),
+                 qPrintable(child.out + child.err));
+        QVERIFY2(!pdfHolding(since, marker).isEmpty(), qPrintable(marker));
     }
 
     void contextLinesAreMadeFromTheInnermostScope()
