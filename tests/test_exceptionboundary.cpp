@@ -41,6 +41,7 @@ const Command commands[] = {
     {"mclipboard", true, QString(), 91},
     {"mautretable", true, QString(), 91},
     {"mimgfond", true, QString(), 91},
+    {"municode", true, QString(), 91},
 };
 
 // Child: opens the program, sets up the command named by GLYPHORA_COMMAND to fail and

@@ -5,6 +5,7 @@
 #include "app/recovery.h"
 #include "app/toolicons.h"
 #include "app/windowstate.h"
+#include "browser/fontlistfilter.h"
 #include "browser/samplebox.h"
 #include "browser/scriptnotice.h"
 #include "components/conversions.h"
@@ -157,6 +158,7 @@ void tglyphora::buildMenus()
     auto* elem = addItem(mnupol, "ElemPol_0", QStringLiteral("police"));
     m_elemPol.append(elem);
     connect(elem, &QAction::triggered, this, ErrorReport::guarded([this] { ElemPol_Click(0); }));
+    buildFontListMenu(mnupol);
 
     mdivers = menuBar()->addMenu(QStringLiteral("&Divers"));
     mdivers->setObjectName(QStringLiteral("mdivers"));
@@ -219,6 +221,13 @@ void tglyphora::buildMenus()
     // Tools that go beyond the classic menus, between "&Edition" and "&Aide".
     moutils = menuBar()->addMenu(QStringLiteral("&Outils"));
     moutils->setObjectName(QStringLiteral("moutils"));
+    auto* municode = addItem(moutils, "municode", QStringLiteral("Table des caractères &Unicode..."));
+    municode->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
+    ErrorReport::connect(municode, &QAction::triggered, this, &tglyphora::municode_Click);
+    auto* mdetails = addItem(moutils, "mdetails", QStringLiteral("&Détails typographiques..."));
+    mdetails->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
+    ErrorReport::connect(mdetails, &QAction::triggered, this, &tglyphora::mdetails_Click);
+    ErrorReport::connect(addItem(moutils, "minstaller", QStringLiteral("&Installer des polices...")), &QAction::triggered, this, &tglyphora::minstaller_Click);
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));
     mhelp->setObjectName(QStringLiteral("mhelp"));
@@ -350,6 +359,7 @@ void tglyphora::buildWorkArea()
         box->setForeColor(Qt::black);
         box->setBackColor(Qt::white);
     }
+    m_filtre = FontListFilter::install(List1, this);
     setTabOrder(List1, Text1);
     setTabOrder(Text1, Text2);
     m_scriptNotice = new ScriptNotice(Text1, Text2, m_workArea);

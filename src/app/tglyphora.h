@@ -8,6 +8,7 @@
 #include <QStringList>
 
 class QAction;
+class QAbstractItemDelegate;
 class QActionGroup;
 class QComboBox;
 class QLabel;
@@ -20,6 +21,9 @@ class QTreeWidgetItem;
 class SampleBox;
 class ScriptNotice;
 class ctlEBSplitter;
+class FontListFilter;
+class FontNameDelegate;
+class FontWatch;
 
 // The font list's header, sized without the bold variant of its font.
 class FontListHeader : public QHeaderView {
@@ -85,6 +89,9 @@ public:
 public Q_SLOTS:
     // Menu "&Polices"
     void ElemPol_Click(int Index);
+    void mactualiser_Click();
+    void mapercu_Click();
+    void mfavori_Click();
     // Menu "&Divers"
     void mvisboucle_Click();
     void mcharmap_Click();
@@ -111,6 +118,10 @@ public Q_SLOTS:
     void mital_Click();
     void msoul_Click();
     void mbar_Click();
+    // Menu "&Outils"
+    void municode_Click();
+    void minstaller_Click();
+    void mdetails_Click();
     // Menu "&Aide"
     void mabout_Click();
 
@@ -171,6 +182,13 @@ private:
     void stopSlideshow();
     // Preferences (app/preferences.cpp)
     void restorePreferences();
+    // Filter, favourites, names in their own font, following installs
+    // (browser/fontlisttools.cpp)
+    void buildFontListMenu(QMenu* mnupol);
+    void fillFavouritesMenu();
+    void updateFavouriteCaption();
+    void fontsChanged();
+    void syncList(const QStringList& names);
 
     QWidget* m_workArea = nullptr;
     ScriptNotice* m_scriptNotice = nullptr; // under the samples, for faces of another script
@@ -179,6 +197,11 @@ private:
     QList<QLabel*> m_panels;     // index 0 is panel 1
     QList<QAction*> m_munit;
     QList<QAction*> m_elemPol;
+    FontListFilter* m_filtre = nullptr;
+    FontWatch* m_fontWatch = nullptr;
+    FontNameDelegate* m_nameDelegate = nullptr;
+    QAbstractItemDelegate* m_plainDelegate = nullptr;
+    QMenu* m_mnupol = nullptr;
     QTimer* m_clock = nullptr;   // keeps the date and time panels current
     QStringList m_unitNames;     // index 0 is code 1
     QString m_printerName;

@@ -80,9 +80,16 @@ QPrinter& Printer::device()
             m_printer = std::make_unique<QPrinter>(m_info, QPrinter::HighResolution);
         else
             m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-        m_printer->setDocName(QStringLiteral("Glyphora"));
+        m_printer->setDocName(m_documentName);
     }
     return *m_printer;
+}
+
+void Printer::setDocumentName(const QString& name)
+{
+    m_documentName = name;
+    if (m_printer && !m_painter)
+        m_printer->setDocName(name);
 }
 
 void Printer::setFontSize(double points)

@@ -18,6 +18,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QSaveFile>
 #include <QTreeWidget>
 
 namespace {
@@ -65,8 +66,12 @@ void tglyphora::mcreatefile_Click()
     const ErrorReport::Doing saving(QStringLiteral("Enregistrement de la liste dans ") + file);
 
     setCursor(Qt::WaitCursor);
-    QFile out(file);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    // Written beside the file and renamed over it once complete, so that a failed save
+    // (full disk, write error) leaves the previous file as it was. Unbuffered, so that a
+    // failed write is seen before the rename (a buffered one fails only at the commit).
+    QSaveFile out(file);
+    out.setDirectWriteFallback(true);
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         unsetCursor();
         throw openFailure(file);
     }
@@ -76,11 +81,14 @@ void tglyphora::mcreatefile_Click()
     for (int i = 0; i < count; ++i)
         names.append(List1->topLevelItem(i)->text(0));
     const QByteArray bytes = FontListText::listFile(names);
-    const bool written = out.write(bytes) == bytes.size() && out.flush();
-    out.close();
+    const bool written = out.write(bytes) == bytes.size() && out.commit();
     unsetCursor();
-    if (!written)
-        throw RuntimeError::fileError(RuntimeError::PathFileAccess, file, QStringLiteral("mcreatefile"));
+    if (!written) {
+        RuntimeError error = RuntimeError::fileError(RuntimeError::PathFileAccess, file, QStringLiteral("mcreatefile"));
+        if (out.error() == QFileDevice::ResourceError)
+            error.setReason(QStringLiteral("le disque est plein"));
+        throw error;
+    }
 }
 
 void tglyphora::mimpnames_Click()

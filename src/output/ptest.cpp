@@ -24,6 +24,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSaveFile>
 #include <QStatusBar>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -277,8 +278,8 @@ void Ptest::imprimer()
     Printer& printer = Printer::instance();
     try {
         const QString nameFont = List2->currentItem() ? List2->currentItem()->text().trimmed() : QString();
-        const double nameSize = Conversions::leadingNumber(Combo2->currentText());
-        const double sampleSize = Conversions::leadingNumber(Combo1->currentText());
+        const double nameSize = FontSheet::pointSize(Combo2->currentText());
+        const double sampleSize = FontSheet::pointSize(Combo1->currentText());
         // The document is opened even with no font selected: an empty one is sent.
         printer.beginDocument();
         for (int i = 0; i < List1->count(); ++i) {
@@ -341,9 +342,13 @@ void Ptest::genererrtf()
             fonts, List2->currentItem() ? List2->currentItem()->text() : QString(), Text1->text(),
             Combo1->itemText(Combo1->currentIndex()), Combo2->itemText(Combo2->currentIndex()),
             [] { QCoreApplication::processEvents(); });
-        QFile out(file);
-        if (out.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            out.write(sheet);
+        // Written beside the file and renamed over it once complete: a full disk or a
+        // write error leaves the previous file as it was. Unbuffered, so that a failed
+        // write is seen before the rename (a buffered one fails only at the commit).
+        QSaveFile out(file);
+        out.setDirectWriteFallback(true);
+        if (out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && out.write(sheet) == sheet.size())
+            out.commit();
     } catch (const std::exception&) {
     }
 }
