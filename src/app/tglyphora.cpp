@@ -290,7 +290,9 @@ void tglyphora::buildStatusBar()
         panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         panel->setContentsMargins(4, 0, 4, 0);
         if (n == 1) {
+            // The font's name is what a narrow window keeps longest.
             panel->setPreferredWidth(120);
+            panel->setMinimumWidth(100);
             etat->addWidget(panel, 1);
         } else {
             panel->setPreferredWidth(widths[n - 1]);
