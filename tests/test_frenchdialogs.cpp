@@ -4,6 +4,7 @@
 #include "components/cmdialog.h"
 #include "fontfile/filelists.h"
 #include "fontfile/fname.h"
+#include "output/fontinstallcommand.h"
 #include "support/modalscript.h"
 #include "support/testsupport.h"
 
@@ -90,6 +91,61 @@ QString line(const TestSupport::ChildResult& child, const QString& name)
     return QStringLiteral("<none>");
 }
 
+// A folder with a sub-folder and a text file, and the texts of a file dialog shown on it
+// in its detail view.
+class FrenchFolder {
+public:
+    FrenchFolder()
+    {
+        QDir(m_dir.path()).mkdir(QStringLiteral("sous-dossier"));
+        QFile file(m_dir.filePath(QStringLiteral("notes.txt")));
+        if (file.open(QIODevice::WriteOnly))
+            file.close();
+    }
+    QString path() const { return m_dir.path(); }
+
+    // rows: what the dialog lists there (its type filter may hide the text file).
+    QStringList textsOfDialog(int rows, const std::function<void()>& open) const
+    {
+        QStringList texts;
+        const QString folder = m_dir.path();
+        TestSupport::whenModal([&, rows](QWidget* modal) {
+            auto* dialog = qobject_cast<QFileDialog*>(modal);
+            if (!dialog)
+                return;
+            dialog->setDirectory(folder);
+            dialog->setViewMode(QFileDialog::Detail);
+            auto* model = dialog->findChild<QFileSystemModel*>();
+            TestSupport::waitFor([&] {
+                return model && model->rowCount(model->index(folder)) == rows
+                       && !model->index(0, 2, model->index(folder)).data().toString().isEmpty();
+            });
+            texts = textsOf(dialog);
+            dialog->reject();
+        });
+        open();
+        return texts;
+    }
+
+private:
+    QTemporaryDir m_dir;
+};
+
+void checkFrench(const QStringList& texts, std::initializer_list<const char*> french)
+{
+    const QString all = texts.join(QLatin1Char('\n'));
+    for (const char* expected : french)
+        QVERIFY2(texts.contains(QString::fromUtf8(expected)), qPrintable(expected + QStringLiteral(" not in:\n") + all));
+    for (const char* english : {"Folder", "File Folder", "Name", "Size", "Kind", "Date Modified", "Look in:", "File &name:",
+                                "Files of type:", "&Save", "Save", "&Open", "Open", "Cancel", "Back", "Forward",
+                                "Parent Directory", "Create New Folder", "List View", "Detail View", "Directory", "Drive",
+                                "Unknown"})
+        for (const QString& text : texts)
+            QVERIFY2(!text.contains(QRegularExpression(QStringLiteral("\\b") + QRegularExpression::escape(QString::fromUtf8(english))
+                                                       + QStringLiteral("\\b"))),
+                     qPrintable(text));
+}
+
 } // namespace
 
 class TestFrenchDialogs : public QObject {
@@ -98,43 +154,25 @@ class TestFrenchDialogs : public QObject {
 private Q_SLOTS:
     void theFileDialogIsFrenchThroughout()
     {
-        QTemporaryDir folder;
-        QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("sous-dossier")));
-        QFile file(folder.filePath(QStringLiteral("notes.txt")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.close();
-
-        QStringList texts;
-        TestSupport::whenModal([&](QWidget* modal) {
-            auto* dialog = qobject_cast<QFileDialog*>(modal);
-            if (!dialog)
-                return;
-            dialog->setViewMode(QFileDialog::Detail);
-            auto* model = dialog->findChild<QFileSystemModel*>();
-            TestSupport::waitFor([&] {
-                return model && model->rowCount(model->index(folder.path())) == 2
-                       && !model->index(0, 2, model->index(folder.path())).data().toString().isEmpty();
-            });
-            texts = textsOf(dialog);
-            dialog->reject();
+        FrenchFolder folder;
+        const QStringList texts = folder.textsOfDialog(2, [&] {
+            CMDIALOG::ShowFileDialog(nullptr, CMDIALOG::ModeSave, QStringLiteral("Sauvegarder la liste des polices"),
+                                     QStringLiteral("listepol.txt"),
+                                     CMDIALOG::BuildFilter({QStringLiteral("Fichier texte"), QStringLiteral("*.txt"),
+                                                            QStringLiteral("Tous"), QStringLiteral("*.*")}),
+                                     folder.path(), QStringLiteral("txt"));
         });
-        CMDIALOG::ShowFileDialog(nullptr, CMDIALOG::ModeSave, QStringLiteral("Sauvegarder la liste des polices"),
-                                 QStringLiteral("listepol.txt"),
-                                 CMDIALOG::BuildFilter({QStringLiteral("Fichier texte"), QStringLiteral("*.txt"),
-                                                        QStringLiteral("Tous"), QStringLiteral("*.*")}),
-                                 folder.path(), QStringLiteral("txt"));
-        const QString all = texts.join(QLatin1Char('\n'));
-        for (const char* french : {"Nom", "Taille", "Type", "Dernière modification", "sous-dossier = Dossier",
-                                   "notes.txt = Fichier TXT", "&Enregistrer", "Annuler", "Fichier texte (*.txt)",
-                                   "Voir dans :", "Dossier parent", "Vue détaillée"})
-            QVERIFY2(texts.contains(QString::fromUtf8(french)), qPrintable(french + QStringLiteral(" not in:\n") + all));
-        for (const char* english : {"Folder", "File Folder", "Name", "Size", "Kind", "Date Modified", "Look in:", "File &name:",
-                                    "Files of type:", "&Save", "Save", "Cancel", "Back", "Forward", "Parent Directory",
-                                    "Create New Folder", "List View", "Detail View", "Directory", "Drive", "Unknown"})
-            for (const QString& text : texts)
-                QVERIFY2(!text.contains(QRegularExpression(QStringLiteral("\\b") + QRegularExpression::escape(QString::fromUtf8(english))
-                                                           + QStringLiteral("\\b"))),
-                         qPrintable(text));
+        checkFrench(texts, {"Nom", "Taille", "Type", "Dernière modification", "sous-dossier = Dossier",
+                            "notes.txt = Fichier TXT", "&Enregistrer", "Annuler", "Fichier texte (*.txt)", "Voir dans :",
+                            "Dossier parent", "Vue détaillée"});
+    }
+
+    void theInstallersFileDialogIsFrenchToo()
+    {
+        FrenchFolder folder;
+        const QStringList texts = folder.textsOfDialog(1, [] { FontInstallCommand::askFiles(nullptr); });
+        checkFrench(texts, {"Nom", "Type", "sous-dossier = Dossier", "&Ouvrir", "Annuler",
+                            "Voir dans :", "Dossier parent"});
     }
 
     void inputAndMessageBoxesAreFrench()
