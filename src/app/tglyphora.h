@@ -19,6 +19,7 @@ class QToolBar;
 class QTreeWidget;
 class QTreeWidgetItem;
 class SampleBox;
+class ScriptNotice;
 class ctlEBSplitter;
 class FontListFilter;
 class FontNameDelegate;
@@ -158,6 +159,8 @@ private:
     void buildStatusBar();
     void buildWorkArea();
     void showContextMenu(const QPoint& globalPos);
+    // The window's key preview and mouse handling of its controls; true when consumed.
+    bool previewEvent(QObject* watched, QEvent* event);
 
     // Font list (browser/fontlist.cpp)
     void ShowSelectedFont();
@@ -188,6 +191,7 @@ private:
     void syncList(const QStringList& names);
 
     QWidget* m_workArea = nullptr;
+    ScriptNotice* m_scriptNotice = nullptr; // under the samples, for faces of another script
     QActionGroup* m_alignGroup = nullptr;
     QList<QAction*> m_buttons;   // index 0 is button 1
     QList<QLabel*> m_panels;     // index 0 is panel 1

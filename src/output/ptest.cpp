@@ -6,6 +6,7 @@
 #include "browser/samplebox.h"
 #include "components/cmdialog.h"
 #include "components/conversions.h"
+#include "components/errorreport.h"
 #include "components/msgbox.h"
 #include "components/printer.h"
 #include "output/fontsheet.h"
@@ -19,6 +20,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -90,11 +92,11 @@ void Ptest::createControls()
     Command5 = makeButton(this, "Command5", QStringLiteral("Déselectionner"));
     Command2 = makeButton(this, "Command2", QStringLiteral("&Imprimer"));
     Command3 = makeButton(this, "Command3", QStringLiteral("&Annuler"));
-    connect(Command1, &QPushButton::clicked, this, &Ptest::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &Ptest::Command2_Click);
-    connect(Command3, &QPushButton::clicked, this, &Ptest::Command3_Click);
-    connect(Command4, &QPushButton::clicked, this, &Ptest::Command4_Click);
-    connect(Command5, &QPushButton::clicked, this, &Ptest::Command5_Click);
+    ErrorReport::connect(Command1, &QPushButton::clicked, this, &Ptest::Command1_Click);
+    ErrorReport::connect(Command2, &QPushButton::clicked, this, &Ptest::Command2_Click);
+    ErrorReport::connect(Command3, &QPushButton::clicked, this, &Ptest::Command3_Click);
+    ErrorReport::connect(Command4, &QPushButton::clicked, this, &Ptest::Command4_Click);
+    ErrorReport::connect(Command5, &QPushButton::clicked, this, &Ptest::Command5_Click);
 
     Frame1 = new QGroupBox(QStringLiteral("6) Choisissez la destination "), this);
     Frame1->setObjectName(QStringLiteral("Frame1"));
@@ -173,7 +175,12 @@ void Ptest::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
+        // The name-font list shows at least eight names, with room for its scroll bar.
+        const int row = List2->sizeHintForRow(0);
+        if (row > 0)
+            List2->setMinimumHeight(8 * row + 2 * List2->frameWidth()
+                                    + List2->horizontalScrollBar()->sizeHint().height());
     }
     QDialog::setVisible(visible);
 }

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QMap>
+#include <QPoint>
 #include <QProcess>
 #include <algorithm>
 
@@ -428,6 +429,147 @@ QByteArray drawable(const QList<Name>& names)
 {
     static const QByteArray source = readFile(installedTrueTypeFile());
     return renamed(source, names);
+}
+
+namespace {
+
+// One simple glyph: closed contours of on-curve points, coordinates as 16-bit deltas.
+QByteArray glyph(const QList<QList<QPoint>>& contours)
+{
+    int xMin = 32767, yMin = 32767, xMax = -32768, yMax = -32768, points = 0;
+    for (const auto& contour : contours)
+        for (const QPoint& p : contour) {
+            xMin = std::min(xMin, p.x()), yMin = std::min(yMin, p.y());
+            xMax = std::max(xMax, p.x()), yMax = std::max(yMax, p.y());
+        }
+    QByteArray g;
+    put16(g, quint16(contours.size())); // numberOfContours
+    for (int v : {xMin, yMin, xMax, yMax})
+        put16(g, quint16(v));
+    for (const auto& contour : contours) {
+        points += int(contour.size());
+        put16(g, quint16(points - 1)); // endPtsOfContours
+    }
+    put16(g, 0);                     // instructionLength
+    g.append(points, char(0x01));    // flags: on curve, 16-bit deltas
+    QPoint last(0, 0);
+    QByteArray ys;
+    for (const auto& contour : contours)
+        for (const QPoint& p : contour) {
+            put16(g, quint16(p.x() - last.x()));
+            put16(ys, quint16(p.y() - last.y()));
+            last = p;
+        }
+    g += ys;
+    while (g.size() % 4)
+        g.append('\0');
+    return g;
+}
+
+QList<QPoint> box(int left, int bottom, int right, int top, bool clockwise = true)
+{
+    QList<QPoint> points{{left, bottom}, {left, top}, {right, top}, {right, bottom}};
+    if (!clockwise)
+        std::reverse(points.begin(), points.end());
+    return points;
+}
+
+} // namespace
+
+QList<char32_t> characterRange(char32_t first, char32_t last)
+{
+    QList<char32_t> codes;
+    for (char32_t c = first; c <= last; ++c)
+        codes.append(c);
+    return codes;
+}
+
+QByteArray boxFont(const QString& family, const QList<char32_t>& characters)
+{
+    QList<char32_t> codes = characters;
+    std::sort(codes.begin(), codes.end());
+    codes.erase(std::unique(codes.begin(), codes.end()), codes.end());
+    const int numGlyphs = int(codes.size()) + 1;
+
+    QByteArray glyf, loca, hmtx;
+    const QByteArray notdef = glyph({box(100, 0, 900, 1400), box(200, 100, 800, 1300, false)});
+    const QByteArray wide = glyph({box(100, 0, 1100, 1400)});
+    const QByteArray narrow = glyph({box(300, 200, 700, 1000)});
+    put32(loca, 0);
+    for (int i = 0; i < numGlyphs; ++i) {
+        glyf += i == 0 ? notdef : (codes[i - 1] % 2 == 0 ? wide : narrow);
+        put32(loca, quint32(glyf.size()));
+        put16(hmtx, 1200); // advanceWidth
+        put16(hmtx, 100);  // lsb
+    }
+
+    // cmap: one format 4 subtable, a segment per run of consecutive codes.
+    QList<QPair<char32_t, char32_t>> runs;
+    for (char32_t c : codes) {
+        if (!runs.isEmpty() && runs.last().second + 1 == c)
+            runs.last().second = c;
+        else
+            runs.append({c, c});
+    }
+    runs.append({0xFFFF, 0xFFFF});
+    const int segments = int(runs.size());
+    QByteArray ends, starts, deltas, offsets;
+    int glyphId = 1;
+    for (const auto& [first, last] : runs) {
+        put16(ends, quint16(last));
+        put16(starts, quint16(first));
+        put16(deltas, first == 0xFFFF ? 1 : quint16(glyphId - int(first)));
+        put16(offsets, 0);
+        glyphId += int(last - first + 1);
+    }
+    int power = 1, log = 0;
+    while (power * 2 <= segments)
+        power *= 2, ++log;
+    QByteArray sub;
+    put16(sub, 4);
+    put16(sub, quint16(16 + 8 * segments)); // length
+    put16(sub, 0);                          // language
+    put16(sub, quint16(2 * segments));
+    put16(sub, quint16(2 * power));
+    put16(sub, quint16(log));
+    put16(sub, quint16(2 * segments - 2 * power));
+    sub += ends;
+    put16(sub, 0); // reservedPad
+    sub += starts + deltas + offsets;
+    QByteArray cmap;
+    put16(cmap, 0);
+    put16(cmap, 1);
+    put16(cmap, 3);
+    put16(cmap, 1);
+    put32(cmap, 12);
+    cmap += sub;
+
+    QByteArray headTable = head();
+    set16(headTable, 18, 2048);           // unitsPerEm
+    set16(headTable, 50, 1);              // indexToLocFormat: long
+    QByteArray hhea;
+    put32(hhea, 0x00010000);
+    for (int v : {1600, -400, 200, 1200, 100, 100, 1100, 1, 0, 0, 0, 0, 0, 0, 0})
+        put16(hhea, quint16(v)); // ascender .. metricDataFormat
+    put16(hhea, quint16(numGlyphs)); // numberOfHMetrics
+    QByteArray maxp;
+    put32(maxp, 0x00010000);
+    put16(maxp, quint16(numGlyphs));
+    for (int v : {8, 2, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0})
+        put16(maxp, quint16(v));
+    QByteArray post;
+    for (quint32 v : {0x00030000u, 0u})
+        put32(post, v);
+    put16(post, quint16(-100));
+    put16(post, 50);
+    for (int i = 0; i < 5; ++i)
+        put32(post, 0);
+    QByteArray os2Table = os2(0x40, 0);
+    set16(os2Table, 64, quint16(codes.isEmpty() ? 0 : std::min<char32_t>(codes.first(), 0xFFFF)));
+    set16(os2Table, 66, quint16(codes.isEmpty() ? 0 : std::min<char32_t>(codes.last(), 0xFFFF)));
+    return font({{"OS/2", os2Table, {}}, {"cmap", cmap, {}}, {"glyf", glyf, {}}, {"head", headTable, {}},
+                 {"hhea", hhea, {}}, {"hmtx", hmtx, {}}, {"loca", loca, {}}, {"maxp", maxp, {}},
+                 {"name", name(familyNames(family)), {}}, {"post", post, {}}});
 }
 
 QByteArray readFile(const QString& path)
