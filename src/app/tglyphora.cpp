@@ -10,7 +10,7 @@
 #include "browser/scriptnotice.h"
 #include "components/conversions.h"
 #include "components/ctlebsplitter.h"
-#include "components/elidedlabel.h"
+#include "components/statuspanels.h"
 #include "components/errorreport.h"
 #include "components/printer.h"
 #include "components/runtimeerror.h"
@@ -284,37 +284,10 @@ void tglyphora::buildStatusBar()
     etat = statusBar();
     etat->setObjectName(QStringLiteral("état"));
     etat->setSizeGripEnabled(true);
-    const int widths[7] = {0, 90, 90, 60, 60, 80, 55};
-    for (int n = 1; n <= 7; ++n) {
-        // Panels shrink with an ellipsis rather than run into each other.
-        auto* panel = new ElidedLabel(etat);
-        panel->setObjectName(QStringLiteral("Panel%1").arg(n));
-        panel->setToolTip(QString::fromUtf8(panelHoverTexts[n - 1]));
-        panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        panel->setContentsMargins(4, 0, 4, 0);
-        if (n == 1) {
-            // The font's name is what a narrow window keeps longest.
-            panel->setPreferredWidth(120);
-            panel->setMinimumWidth(100);
-            etat->addWidget(panel, 1);
-        } else {
-            panel->setPreferredWidth(widths[n - 1]);
-            panel->setAlignment(n >= 6 ? Qt::AlignCenter : (Qt::AlignRight | Qt::AlignVCenter));
-            etat->addPermanentWidget(panel);
-        }
-        m_panels.append(panel);
-    }
-    auto updateClock = [this] {
-        const QDateTime now = QDateTime::currentDateTime();
-        const QLocale locale;
-        m_panels[5]->setText(locale.toString(now.date(), QLocale::ShortFormat));
-        m_panels[6]->setText(locale.toString(now.time(), QLocale::ShortFormat));
-    };
-    updateClock();
-    m_clock = new QTimer(this);
-    m_clock->setInterval(1000);
-    connect(m_clock, &QTimer::timeout, this, updateClock);
-    m_clock->start();
+    QStringList hoverTexts;
+    for (const char* text : panelHoverTexts)
+        hoverTexts.append(QString::fromUtf8(text));
+    m_panels = StatusPanels::build(etat, hoverTexts);
 }
 
 void tglyphora::buildWorkArea()

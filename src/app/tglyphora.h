@@ -202,7 +202,6 @@ private:
     FontNameDelegate* m_nameDelegate = nullptr;
     QAbstractItemDelegate* m_plainDelegate = nullptr;
     QMenu* m_mnupol = nullptr;
-    QTimer* m_clock = nullptr;   // keeps the date and time panels current
     QStringList m_unitNames;     // index 0 is code 1
     QString m_printerName;
     int m_unite = 6;
