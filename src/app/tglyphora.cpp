@@ -214,6 +214,11 @@ void tglyphora::buildMenus()
     // Tools that go beyond the classic menus, between "&Edition" and "&Aide".
     moutils = menuBar()->addMenu(QStringLiteral("&Outils"));
     moutils->setObjectName(QStringLiteral("moutils"));
+    auto* mcomparer = addItem(moutils, "mcomparer", QStringLiteral("Co&mparer des polices..."));
+    mcomparer->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    connect(mcomparer, &QAction::triggered, this, &tglyphora::mcomparer_Click);
+    connect(addItem(moutils, "mlistepdf", QStringLiteral("Enregistrer la liste des polices en &PDF...")), &QAction::triggered, this, &tglyphora::mlistepdf_Click);
+    connect(addItem(moutils, "maperculiste", QStringLiteral("Aperçu de la liste avant impression")), &QAction::triggered, this, &tglyphora::maperculiste_Click);
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));
     mhelp->setObjectName(QStringLiteral("mhelp"));

@@ -110,6 +110,10 @@ public Q_SLOTS:
     void mital_Click();
     void msoul_Click();
     void mbar_Click();
+    // Menu "&Outils": proofs (output/proofcommands.cpp)
+    void mcomparer_Click();
+    void mlistepdf_Click();
+    void maperculiste_Click();
     // Menu "&Aide"
     void mabout_Click();
 
