@@ -9,8 +9,15 @@
 
 namespace {
 
-// Labels on screen are never shortened.
-constexpr double unlimited = 1e9;
+// Labels on screen are never shortened; samples are scaled from one size of each face,
+// so that a new size draws at once.
+ProofPages::RowOptions screenOptions()
+{
+    ProofPages::RowOptions options;
+    options.maxLabelWidth = 1e9;
+    options.referencePoints = 48;
+    return options;
+}
 
 } // namespace
 
@@ -22,7 +29,7 @@ ComparisonView::ComparisonView(QWidget* parent) : QWidget(parent)
 
 ProofPages::RowGeometry ComparisonView::geometry() const
 {
-    return ProofPages::measureRows(const_cast<ComparisonView*>(this), font(), m_rows, unlimited);
+    return ProofPages::measureRows(const_cast<ComparisonView*>(this), font(), m_rows, screenOptions());
 }
 
 void ComparisonView::setRows(const QList<ProofPages::Row>& rows)
@@ -54,7 +61,7 @@ void ComparisonView::paintEvent(QPaintEvent*)
     painter.translate(margin, margin);
     // One endless page: the same drawing as on paper, without page breaks.
     PageFlow flow(painter, width() - margin, height() - margin);
-    ProofPages::rows(flow, font(), m_rows, unlimited);
+    ProofPages::rows(flow, font(), m_rows, screenOptions());
 }
 
 FamilyProxy::FamilyProxy(const QStringList& families, QObject* parent) : QSortFilterProxyModel(parent)

@@ -7,6 +7,7 @@
 #include "components/pageflow.h"
 #include "components/printer.h"
 #include "output/comparer.h"
+#include "output/pdftask.h"
 #include "output/printpreview.h"
 #include "output/proofpages.h"
 
@@ -42,15 +43,19 @@ void tglyphora::mlistepdf_Click()
         QStringLiteral("."), QStringLiteral("pdf"));
     if (file.trimmed().isEmpty())
         return;
+    PdfTask::Job job;
+    job.path = file;
+    job.layout = Printer::instance().pageLayout();
+    job.resolution = Printer::instance().resolution();
+    job.title = QStringLiteral("Liste des polices");
     const QStringList names = listedNames(List1);
-    const QFont interfaceFont = QApplication::font();
-    setCursor(Qt::WaitCursor);
-    Printer& printer = Printer::instance();
-    const bool written =
-        ProofPages::writePdf(file, printer.pageLayout(), printer.resolution(), QStringLiteral("Liste des polices"),
-                             [&](PageFlow& flow) { ProofPages::fontList(flow, names, interfaceFont); });
-    unsetCursor();
-    if (!written)
+    job.steps = int(names.size());
+    job.label = QStringLiteral("Enregistrement de la liste des polices en PDF...");
+    job.draw = [names, interfaceFont = QApplication::font()](PageFlow& flow, PdfTask::Progress& progress) {
+        ProofPages::fontList(flow, names, interfaceFont, 12, [&progress] { return progress.step(); });
+    };
+    // Stopped by the user: nothing written, nothing said.
+    if (PdfTask::write(this, job) == PdfTask::Result::Failed)
         MsgBox::Inform(this, QStringLiteral("Problème pendant l'impression ou la génération du fichier"));
 }
 

@@ -50,7 +50,8 @@ bool canDraw(const QFont& face, const QString& text, QPaintDevice* device)
     return true;
 }
 
-void fontList(PageFlow& flow, const QStringList& names, const QFont& fallback, double points)
+void fontList(PageFlow& flow, const QStringList& names, const QFont& fallback, double points,
+              const std::function<bool()>& next)
 {
     QFont other = fallback;
     other.setPointSizeF(points);
@@ -61,38 +62,65 @@ void fontList(PageFlow& flow, const QStringList& names, const QFont& fallback, d
         // Without merging: a missing character shows here, not in some other face.
         face.setStyleStrategy(QFont::NoFontMerging);
         flow.printLines(canDraw(face, name, flow.device()) ? face : other, name);
+        if (next && !next())
+            return;
     }
 }
 
-RowGeometry measureRows(QPaintDevice* device, const QFont& labelFont, const QList<Row>& rows, double maxLabelWidth)
+namespace {
+
+// A row's sample face as drawn: the row's font, or the same face at the reference size
+// with the scale that brings it to the row's size.
+struct SampleFace {
+    QFont font;
+    double scale = 1;
+};
+
+SampleFace sampleFace(const Row& row, const RowOptions& options)
+{
+    const double points = row.font.pointSizeF();
+    if (options.referencePoints <= 0 || points <= 0)
+        return {row.font, 1};
+    QFont reference = row.font;
+    reference.setPointSizeF(options.referencePoints);
+    return {reference, points / options.referencePoints};
+}
+
+} // namespace
+
+RowGeometry measureRows(QPaintDevice* device, const QFont& labelFont, const QList<Row>& rows, const RowOptions& options)
 {
     const QFontMetricsF label(labelFont, device);
     RowGeometry geometry;
     double widestLabel = 0;
     for (const Row& row : rows)
         widestLabel = std::max(widestLabel, label.horizontalAdvance(row.label));
-    geometry.sampleLeft = std::min(widestLabel, maxLabelWidth) + label.height();
+    if (options.maxLabelWidth >= 0)
+        widestLabel = std::min(widestLabel, options.maxLabelWidth);
+    geometry.sampleLeft = widestLabel + label.height();
     for (const Row& row : rows) {
-        const QFontMetricsF sample(row.font, device);
+        const SampleFace face = sampleFace(row, options);
+        const QFontMetricsF sample(face.font, device);
         const QStringList lines = PageFlow::splitLines(row.sample);
-        const double ascent = std::max(label.ascent(), sample.ascent());
-        const double descent = std::max(label.descent(), sample.descent());
+        const double ascent = std::max(label.ascent(), sample.ascent() * face.scale);
+        const double descent = std::max(label.descent(), sample.descent() * face.scale);
         double widest = 0;
         for (const QString& line : lines)
-            widest = std::max(widest, sample.horizontalAdvance(line));
+            widest = std::max(widest, sample.horizontalAdvance(line) * face.scale);
         geometry.baselines.append(ascent);
         // Half a label line between rows.
-        geometry.heights.append(ascent + sample.lineSpacing() * double(lines.size() - 1) + descent +
+        geometry.heights.append(ascent + sample.lineSpacing() * face.scale * double(lines.size() - 1) + descent +
                                 label.lineSpacing() / 2);
         geometry.width = std::max(geometry.width, geometry.sampleLeft + widest);
     }
     return geometry;
 }
 
-void rows(PageFlow& flow, const QFont& labelFont, const QList<Row>& rows, double maxLabelWidth)
+void rows(PageFlow& flow, const QFont& labelFont, const QList<Row>& rows, RowOptions options)
 {
-    const double maxLabel = maxLabelWidth < 0 ? flow.pageWidth() * 0.4 : maxLabelWidth;
-    const RowGeometry geometry = measureRows(flow.device(), labelFont, rows, maxLabel);
+    if (options.maxLabelWidth < 0)
+        options.maxLabelWidth = flow.pageWidth() * 0.4;
+    const RowGeometry geometry = measureRows(flow.device(), labelFont, rows, options);
     const QFontMetricsF label(labelFont, flow.device());
     QPainter& painter = flow.painter();
     for (qsizetype i = 0; i < rows.size(); ++i) {
@@ -100,14 +128,17 @@ void rows(PageFlow& flow, const QFont& labelFont, const QList<Row>& rows, double
         const double top = flow.placeBlock(geometry.heights[i]);
         const double baseline = top + geometry.baselines[i];
         painter.setFont(labelFont);
-        painter.drawText(QPointF(0, baseline), label.elidedText(row.label, Qt::ElideRight, maxLabel));
+        painter.drawText(QPointF(0, baseline), label.elidedText(row.label, Qt::ElideRight, options.maxLabelWidth));
         painter.save();
         painter.setClipRect(QRectF(geometry.sampleLeft, top, flow.pageWidth() - geometry.sampleLeft, geometry.heights[i]));
-        painter.setFont(row.font);
-        const QFontMetricsF sample(row.font, flow.device());
+        const SampleFace face = sampleFace(row, options);
+        painter.translate(geometry.sampleLeft, baseline);
+        painter.scale(face.scale, face.scale);
+        painter.setFont(face.font);
+        const double lineSpacing = QFontMetricsF(face.font, flow.device()).lineSpacing();
         const QStringList lines = PageFlow::splitLines(row.sample);
         for (qsizetype k = 0; k < lines.size(); ++k)
-            painter.drawText(QPointF(geometry.sampleLeft, baseline + sample.lineSpacing() * double(k)), lines[k]);
+            painter.drawText(QPointF(0, lineSpacing * double(k)), lines[k]);
         painter.restore();
         flow.advance(geometry.heights[i]);
     }
@@ -125,7 +156,8 @@ int drawPages(QPagedPaintDevice& device, const Drawing& draw)
     return flow.pageCount();
 }
 
-bool writePdf(const QString& path, const QPageLayout& layout, int resolution, const QString& title, const Drawing& draw)
+bool writePdf(const QString& path, const QPageLayout& layout, int resolution, const QString& title, const Drawing& draw,
+              const std::function<bool()>& keep)
 {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
@@ -140,6 +172,10 @@ bool writePdf(const QString& path, const QPageLayout& layout, int resolution, co
             file.cancelWriting();
             return false;
         }
+    }
+    if (keep && !keep()) {
+        file.cancelWriting();
+        return false;
     }
     return file.commit();
 }

@@ -37,8 +37,10 @@ QFont testPage(PageFlow& flow, QFont base, const TestPage& page,
 void lines(PageFlow& flow, const QFont& font, const QStringList& texts);
 
 // The font list as a proof: each name in its own face at `points`; a name whose face
-// lacks one of its characters is written in `fallback` at the same size.
-void fontList(PageFlow& flow, const QStringList& names, const QFont& fallback, double points = 12);
+// lacks one of its characters is written in `fallback` at the same size. `next` runs
+// after each name; when it returns false the list stops there.
+void fontList(PageFlow& flow, const QStringList& names, const QFont& fallback, double points = 12,
+              const std::function<bool()>& next = {});
 // Whether the face draws every character of the text with glyphs of its own, measured
 // on `device` (the screen when none).
 bool canDraw(const QFont& face, const QString& text, QPaintDevice* device = nullptr);
@@ -51,8 +53,17 @@ struct Row {
     QFont font;
     QString sample;
 };
+// How rows are laid out beyond their fonts.
+struct RowOptions {
+    // Labels wider than this are shortened with "..."; on paper, when negative, two
+    // fifths of the page (and no limit when measuring).
+    double maxLabelWidth = -1;
+    // When above 0, each sample is drawn from its face at this size, scaled to the
+    // row's size: a change of size then loads no new font (the screen uses it).
+    double referencePoints = 0;
+};
 // Where the rows go on a device: the samples' left edge, and each row's height and
-// first baseline (from the row's top). Labels wider than maxLabelWidth are shortened.
+// first baseline (from the row's top).
 struct RowGeometry {
     double sampleLeft = 0;
     QList<double> heights;
@@ -60,20 +71,20 @@ struct RowGeometry {
     double width = 0; // the widest row
 };
 RowGeometry measureRows(QPaintDevice* device, const QFont& labelFont, const QList<Row>& rows,
-                        double maxLabelWidth = 1e9);
+                        const RowOptions& options = {});
 // Draws the rows one under the other, a row never split over two pages; samples are cut
-// at the page's right edge. Labels take at most maxLabelWidth (two fifths of the page
-// when negative) and are shortened with "..." beyond.
-void rows(PageFlow& flow, const QFont& labelFont, const QList<Row>& rows, double maxLabelWidth = -1);
+// at the page's right edge.
+void rows(PageFlow& flow, const QFont& labelFont, const QList<Row>& rows, RowOptions options = {});
 
 // Draws on a fresh paged device (a QPrinter, a QPdfWriter) from its first page.
 // Returns the number of pages, or 0 when the device could not be opened.
 int drawPages(QPagedPaintDevice& device, const Drawing& draw);
 // Writes a PDF file with the given page layout and resolution (those of the program's
 // printer, so that paper and PDF match); the fonts used are embedded. The file is
-// replaced only once the whole PDF is written. False, with nothing changed on disk,
-// when the file cannot be written.
+// replaced only once the whole PDF is written, and only when `keep` (if given) still
+// says so then. False, with nothing changed on disk, when the file cannot be written
+// or is not kept.
 bool writePdf(const QString& path, const QPageLayout& layout, int resolution, const QString& title,
-              const Drawing& draw);
+              const Drawing& draw, const std::function<bool()>& keep = {});
 
 } // namespace ProofPages

@@ -68,6 +68,10 @@ QByteArray withSymbolCmap(const QByteArray& font);
 QByteArray withCodePages(const QByteArray& font, quint32 codePageRange1, std::optional<quint16> first = {},
                          std::optional<quint16> last = {}, std::optional<quint16> defaultChar = {});
 
+// A small drawable TrueType font made here: the printable ASCII characters each have
+// a glyph of their own (a box whose size depends on the character), the space none.
+QByteArray outlineFont(const QList<Name>& names);
+
 // An installed TrueType file with real outlines (DejaVu Sans), found through fontconfig.
 QString installedTrueTypeFile();
 // A drawable font: the installed file's outlines under the given names.
