@@ -128,7 +128,9 @@ void rows(PageFlow& flow, const QFont& labelFont, const QList<Row>& rows, RowOpt
         const double top = flow.placeBlock(geometry.heights[i]);
         const double baseline = top + geometry.baselines[i];
         painter.setFont(labelFont);
-        painter.drawText(QPointF(0, baseline), label.elidedText(row.label, Qt::ElideRight, options.maxLabelWidth));
+        const bool fits = label.horizontalAdvance(row.label) <= options.maxLabelWidth;
+        painter.drawText(QPointF(0, baseline),
+                         fits ? row.label : label.elidedText(row.label, Qt::ElideRight, options.maxLabelWidth));
         painter.save();
         painter.setClipRect(QRectF(geometry.sampleLeft, top, flow.pageWidth() - geometry.sampleLeft, geometry.heights[i]));
         const SampleFace face = sampleFace(row, options);
