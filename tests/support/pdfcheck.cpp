@@ -1,7 +1,12 @@
 // PdfCheck: pdftohtml, pdffonts and pdfinfo output read into plain values.
 #include "support/pdfcheck.h"
 
+#include "support/testsupport.h"
+
+#include <QDirIterator>
+#include <QElapsedTimer>
 #include <QMap>
+#include <QUuid>
 #include <QProcess>
 #include <QRegularExpression>
 
@@ -96,6 +101,40 @@ QString postScriptName(const QString& family)
 bool sameFont(const QString& inPdf, const QString& postScript)
 {
     return !inPdf.isEmpty() && (inPdf == postScript || postScript.startsWith(inPdf + QLatin1Char('-')));
+}
+
+QStringList queuedPdfs(const QDateTime& since, const QString& marker, int expected, int timeoutMs)
+{
+    QElapsedTimer clock;
+    clock.start();
+    QStringList found;
+    do {
+        const bool queueEmpty = runTool(QStringLiteral("lpstat"), {QStringLiteral("-o")}).trimmed().isEmpty();
+        if (queueEmpty) {
+            found.clear();
+            QDirIterator files(TestSupport::pdfOutputFolder(), {QStringLiteral("*.pdf")}, QDir::Files,
+                               QDirIterator::Subdirectories);
+            while (files.hasNext()) {
+                const QFileInfo info(files.next());
+                if (info.lastModified() >= since && info.size() > 0 && TestSupport::pdfText(info.filePath()).contains(marker))
+                    found.append(info.filePath());
+            }
+            if (found.size() >= expected)
+                return found;
+        }
+        QTest::qWait(200);
+    } while (clock.elapsed() < timeoutMs);
+    return found;
+}
+
+QString uniqueMarker()
+{
+    // Letters only: the printing pipeline has been seen to turn large digits into
+    // nameless Type 3 glyphs that lose their text.
+    QString marker = QStringLiteral("Marque");
+    for (const QChar c : QUuid::createUuid().toString(QUuid::Id128).left(10))
+        marker.append(QChar(c.isDigit() ? u'G' + (c.unicode() - u'0') : c.toUpper().unicode()));
+    return marker;
 }
 
 } // namespace PdfCheck

@@ -2,6 +2,7 @@
 // its fonts as pdffonts lists them, its page count; and a family's PostScript name.
 #pragma once
 
+#include <QDateTime>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -30,5 +31,11 @@ QString postScriptName(const QString& family);
 // Whether a font name found in a PDF is that PostScript name (a regular face may be
 // named by its family alone).
 bool sameFont(const QString& inPdf, const QString& postScript);
+
+// The PDF printer queue: the PDFs it wrote after `since` whose text holds `marker`,
+// waiting (up to timeoutMs) until the queue is empty and at least `expected` are there.
+QStringList queuedPdfs(const QDateTime& since, const QString& marker, int expected = 1, int timeoutMs = 60000);
+// A marker no other print job carries.
+QString uniqueMarker();
 
 } // namespace PdfCheck
