@@ -104,7 +104,7 @@ private Q_SLOTS:
         CompareModel model;
         model.add(QStringLiteral("A"));
         model.add(QStringLiteral("B"));
-        model.setText(QStringLiteral("Texte"));
+        model.setText(QStringLiteral("  \nTexte\nSuite"));
         model.italic = true;
         model.setCascade(true);
         model.setCascadeSizes({8, 12, 36});
@@ -115,6 +115,8 @@ private Q_SLOTS:
         QCOMPARE(rows[2].font.families(), QStringList{"B"});
         QCOMPARE(rows[2].font.pointSizeF(), 36.0);
         QVERIFY(rows[2].font.italic());
+        for (const ProofPages::Row& row : rows)
+            QCOMPARE(row.sample, QStringLiteral("Texte")); // one line per size: the first with text
         // The chosen font removed: back to the first.
         model.remove(1);
         QCOMPARE(model.cascadeFont(), QStringLiteral("A"));

@@ -205,12 +205,19 @@ private Q_SLOTS:
         QCOMPARE(chosen(*dialog), QStringList{"DejaVu Sans"});
         pick(*dialog, QStringLiteral("DejaVu Serif"));
         pick(*dialog, QStringLiteral("Inter"));
-        // Double-clicking a family adds it too; one already there is not added twice.
+        // Activating a family (double-click, Return) adds it too; one already there is
+        // not added twice.
         dialog->txtFiltre->setText(QStringLiteral("mono"));
         const QModelIndex mono = dialog->lstPolices->model()->index(filtered(*dialog).indexOf("DejaVu Sans Mono"), 0);
         dialog->lstPolices->setCurrentIndex(mono);
-        emit dialog->lstPolices->doubleClicked(mono);
+        emit dialog->lstPolices->activated(mono);
         pick(*dialog, QStringLiteral("Inter"));
+        // Return in the filter box takes the first family it leaves.
+        dialog->txtFiltre->setText(QStringLiteral("noto serif cjk j"));
+        QTest::keyClick(dialog->txtFiltre, Qt::Key_Return);
+        QCOMPARE(chosen(*dialog), (QStringList{"DejaVu Sans", "DejaVu Serif", "Inter", "DejaVu Sans Mono", "Noto Serif CJK JP"}));
+        dialog->lstChoix->setCurrentRow(4);
+        QTest::mouseClick(dialog->cmdRetirer, Qt::LeftButton);
         QCOMPARE(chosen(*dialog), (QStringList{"DejaVu Sans", "DejaVu Serif", "Inter", "DejaVu Sans Mono"}));
         QCOMPARE(rowLabels(*dialog), chosen(*dialog));
 
@@ -348,10 +355,14 @@ private Q_SLOTS:
         const QList<ProofPages::Row> rows = dialog->picComparaison->rows();
         for (const ProofPages::Row& row : rows) {
             QCOMPARE(row.font.families(), QStringList{"DejaVu Serif"});
+            QCOMPARE(row.sample, QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ"));
             QCOMPARE(QString::number(row.font.pointSizeF()) + QStringLiteral(" pt"), row.label);
         }
         dialog->lstChoix->setCurrentRow(0);
         QCOMPARE(dialog->picComparaison->rows().first().font.families(), QStringList{"DejaVu Sans"});
+        // A font just added is the one the waterfall shows.
+        pick(*dialog, QStringLiteral("Inter"));
+        QCOMPARE(dialog->picComparaison->rows().first().font.families(), QStringList{"Inter"});
         dialog->chkCascade->click();
         QCOMPARE(rowLabels(*dialog), chosen(*dialog));
     }

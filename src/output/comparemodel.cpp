@@ -1,6 +1,8 @@
 // CompareModel: fonts, order, text, size, styles and the rows they give.
 #include "output/comparemodel.h"
 
+#include "components/pageflow.h"
+
 QStringList CompareModel::startingFonts(const QString& selected, const QStringList& recent, const QStringList& available)
 {
     auto usable = [&](const QString& font) { return !font.isEmpty() && (available.isEmpty() || available.contains(font)); };
@@ -87,6 +89,14 @@ QFont CompareModel::sampleFont(const QString& family, double points) const
     return font;
 }
 
+QString CompareModel::waterfallLine(const QString& text)
+{
+    for (const QString& line : PageFlow::splitLines(text))
+        if (!line.trimmed().isEmpty())
+            return line;
+    return QString();
+}
+
 QString CompareModel::sizeLabel(int points)
 {
     return QStringLiteral("%1 pt").arg(points);
@@ -99,8 +109,9 @@ QList<ProofPages::Row> CompareModel::rows() const
         const QString font = cascadeFont();
         if (font.isEmpty())
             return rows;
+        const QString line = waterfallLine(m_text);
         for (int points : m_cascadeSizes)
-            rows.append({sizeLabel(points), sampleFont(font, points), m_text});
+            rows.append({sizeLabel(points), sampleFont(font, points), line});
     } else {
         for (const QString& font : m_fonts)
             rows.append({font, sampleFont(font, m_size), m_text});

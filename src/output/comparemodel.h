@@ -53,10 +53,12 @@ public:
     // own glyphs only (no other face fills in).
     QFont sampleFont(const QString& family, double points) const;
     // The rows to draw: a row per font (its name, the text at the common size), or in
-    // waterfall mode a row per size (the size in points, the text at that size).
+    // waterfall mode a line per size (the size in points, the text's first line that is
+    // not blank, at that size).
     QList<ProofPages::Row> rows() const;
     // "8 pt"
     static QString sizeLabel(int points);
+    static QString waterfallLine(const QString& text);
 
 private:
     QStringList m_fonts;

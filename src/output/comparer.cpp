@@ -179,7 +179,8 @@ void Comparer::arrangeControls()
 void Comparer::connectControls()
 {
     connect(txtFiltre, &QLineEdit::textChanged, this, &Comparer::txtFiltre_Change);
-    connect(lstPolices, &QListView::doubleClicked, this, &Comparer::cmdAjouter_Click);
+    connect(lstPolices, &QListView::activated, this, &Comparer::cmdAjouter_Click);
+    connect(txtFiltre, &QLineEdit::returnPressed, this, &Comparer::cmdAjouter_Click);
     connect(cmdAjouter, &QPushButton::clicked, this, &Comparer::cmdAjouter_Click);
     connect(cmdRetirer, &QPushButton::clicked, this, &Comparer::cmdRetirer_Click);
     connect(cmdMonter, &QPushButton::clicked, this, &Comparer::cmdMonter_Click);
@@ -242,11 +243,12 @@ void Comparer::refresh(int current)
 {
     {
         const QSignalBlocker blocker(lstChoix);
-        const QSignalBlocker modelBlocker(lstChoix->model());
         lstChoix->clear();
         lstChoix->addItems(m_model.fonts());
-        if (current >= 0 && current < lstChoix->count())
+        if (current >= 0 && current < lstChoix->count()) {
             lstChoix->setCurrentRow(current);
+            m_model.setCascadeFont(m_model.fonts()[current]);
+        }
     }
     const bool any = m_model.count() > 0;
     cmdRetirer->setEnabled(any);
@@ -284,8 +286,8 @@ void Comparer::cmdAjouter_Click()
 {
     const QModelIndexList picked = lstPolices->selectionModel()->selectedIndexes();
     QModelIndex index = picked.isEmpty() ? lstPolices->currentIndex() : picked.first();
-    // With one family left by the filter, that one is meant.
-    if (!index.isValid() && m_families->rowCount() == 1)
+    // Nothing picked: the first family the filter leaves is meant.
+    if (!index.isValid())
         index = m_families->index(0, 0);
     if (index.isValid())
         addFont(m_families->family(index));
