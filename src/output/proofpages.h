@@ -42,7 +42,8 @@ void lines(PageFlow& flow, const QFont& font, const QStringList& texts);
 void fontList(PageFlow& flow, const QStringList& names, const QFont& fallback, double points = 12,
               const std::function<bool()>& next = {});
 // Whether the face draws every character of the text with glyphs of its own, measured
-// on `device` (the screen when none).
+// on `device` (the screen when none). A symbol font that maps letters to its own
+// pictures counts as drawing them: the list then shows those pictures.
 bool canDraw(const QFont& face, const QString& text, QPaintDevice* device = nullptr);
 
 // A row: a label (a font's name, or a size) and a sample in its font. The rows' samples
