@@ -2,7 +2,8 @@
 # In-process benchmarks at each font tier: font selection (median and p99 of a click,
 # first view included), the slideshow (time per font, memory after one pass and two),
 # the RTF and HTML sheets of every family against the raw write, the preview of one
-# uninstalled file, and the TrueType names read by Glyphora's reader against FreeType.
+# uninstalled file, the TrueType names read by Glyphora's reader against FreeType, the
+# PDF of the whole font list and a comparison of 20 fonts redrawn after a size change.
 # Each benchmark runs in a fresh process. Usage: bench/inprocess/run.sh [tier...]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -12,7 +13,7 @@ tiers=("$@")
 [ ${#tiers[@]} -gt 0 ] || tiers=(small medium large)
 
 cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DGLYPHORA_BENCH=ON -DBUILD_TESTING=OFF >/dev/null
-cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench bench_fontnames >/dev/null
+cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench bench_fontnames proofbench >/dev/null
 
 config=$(mktemp -d)
 trap 'rm -rf "$config"' EXIT
@@ -31,6 +32,9 @@ for tier in "${tiers[@]}"; do
   "$b/inprocess/sheetbench" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
   echo "== $tier preview of one uninstalled file"
   GLYPHORA_PREVIEW_FONT=$preview_font "$b/inprocess/previewbench" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
+  echo "== $tier proofs: PDF of the whole list (MB = size of the PDF), 20 fonts redrawn after a size change"
+  "$b/inprocess/proofbench" --benchmark_filter=BM_ListPdf --benchmark_color=false 2>/dev/null | grep -E "^BM_"
+  "$b/inprocess/proofbench" --benchmark_filter=BM_CompareSizeChange --benchmark_color=false 2>/dev/null | grep -E "^BM_"
   echo "== $tier TrueType names (sfntOnly:1 = .ttf/.otf files)"
   "$b/bench_fontnames" --benchmark_color=false --benchmark_filter='sfntOnly:1' 2>/dev/null | grep -E "^(own|free)"
 done
