@@ -2,6 +2,7 @@
 // the PDFs it writes (read back with poppler): pages flowing, every font embedded, the
 // fonts used being the ones asked for, a file replaced only when the PDF is whole.
 #include "components/pageflow.h"
+#include "output/pdftask.h"
 #include "output/proofpages.h"
 #include "support/pdfcheck.h"
 #include "support/sfntwriter.h"
@@ -13,7 +14,10 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QTemporaryDir>
+#include <QThread>
 
 namespace {
 
@@ -238,6 +242,53 @@ private Q_SLOTS:
         QVERIFY(ProofPages::writePdf(existing, a4(), 1200, QString(), draw));
         QVERIFY(Sfnt::readFile(existing).startsWith("%PDF-"));
         QCOMPARE(PdfCheck::texts(PdfCheck::lines(existing)), QStringList{"Nouveau"});
+    }
+
+    void aPdfStoppedFromItsProgressBoxIsNotWritten()
+    {
+        QWidget owner;
+        owner.show();
+        const QFont font = face(QStringLiteral("DejaVu Sans"), 12);
+        PdfTask::Job job;
+        job.path = path(QStringLiteral("long.pdf"));
+        job.layout = a4();
+        job.resolution = 300;
+        job.title = QStringLiteral("Long");
+        job.steps = 100;
+        job.label = QStringLiteral("Enregistrement...");
+        job.draw = [font](PageFlow& flow, PdfTask::Progress& progress) {
+            for (int i = 0; i < 100; ++i) {
+                flow.printLines(font, QString::number(i));
+                QThread::msleep(40); // long enough for the box to show
+                if (!progress.step())
+                    return;
+            }
+        };
+        QString label, cancelText;
+        int shownAt = -1;
+        TestSupport::whenModal([&](QWidget* modal) {
+            if (auto* box = qobject_cast<QProgressDialog*>(modal)) {
+                label = box->labelText();
+                shownAt = box->value();
+                cancelText = box->findChild<QPushButton*>()->text();
+                QTest::mouseClick(box->findChild<QPushButton*>(), Qt::LeftButton);
+            }
+        });
+        QCOMPARE(PdfTask::write(&owner, job), PdfTask::Result::Stopped);
+        QCOMPARE(label, QStringLiteral("Enregistrement..."));
+        QCOMPARE(cancelText, QStringLiteral("Annuler"));
+        QVERIFY(shownAt > 0);
+        QVERIFY(!QFile::exists(job.path));
+
+        // Left to run, it writes everything; nothing waits for an answer.
+        job.draw = [font](PageFlow& flow, PdfTask::Progress& progress) {
+            for (int i = 0; i < 100 && progress.step(); ++i)
+                flow.printLines(font, QString::number(i));
+        };
+        QCOMPARE(PdfTask::write(&owner, job), PdfTask::Result::Written);
+        QCOMPARE(PdfCheck::texts(PdfCheck::lines(job.path)).size(), 100);
+        job.path = path(QStringLiteral("absent/long.pdf"));
+        QCOMPARE(PdfTask::write(&owner, job), PdfTask::Result::Failed);
     }
 };
 

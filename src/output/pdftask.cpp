@@ -42,10 +42,12 @@ Result write(QWidget* owner, const Job& job)
     // The window goes on answering: the worker only draws into its own PDF writer.
     loop.exec();
     worker.join();
+    // Closing the box would read as a stop; the PDF is already written or not.
+    QObject::disconnect(&box, &QProgressDialog::canceled, nullptr, nullptr);
     box.close();
-    if (progress.stopped())
-        return Result::Stopped;
-    return written ? Result::Written : Result::Failed;
+    if (written)
+        return Result::Written;
+    return progress.stopped() ? Result::Stopped : Result::Failed;
 }
 
 } // namespace PdfTask
