@@ -1,8 +1,13 @@
-// Fuzz target for the TrueType reader: each input is read into a fresh state and into
-// a state left by a well-formed font, every name is asked for, and the reader's
-// promises about what it stores are checked.
+// Fuzz target for the TrueType reader through its real file path: each input is written
+// to a file and read back as the program reads fonts, into a fresh state and into a
+// state left by a well-formed font; the same bytes read from memory must give the same
+// result; every name is asked for, the first faces of a collection are read, the
+// reader's promises about what it stores are checked, and an input that takes more
+// than 100 ms is a finding.
 #include "fontfile/truetypefile.h"
+#include "fuzzsupport.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -23,8 +28,22 @@ const std::uint8_t wellFormed[] = {
 
 void check(bool promise)
 {
-    if (!promise)
-        std::abort();
+    FuzzSupport::check(promise, "the reader's stored state");
+}
+
+// Two reads of the same bytes (file and memory) leave the same state.
+bool same(const TrueType::FontTables& a, const TrueType::FontTables& b)
+{
+    if (a.valid != b.valid || a.styleWord != b.styleWord || bool(a.names) != bool(b.names))
+        return false;
+    if (!a.names)
+        return true;
+    if (a.names->records.size() != b.names->records.size())
+        return false;
+    for (qsizetype i = 0; i < a.names->records.size(); ++i)
+        if (a.names->string(i) != b.names->string(i))
+            return false;
+    return true;
 }
 
 void checkStored(const TrueType::FontTables& tables)
@@ -54,25 +73,43 @@ void askEverything(const TrueType::FontTables& tables)
         (void)TrueType::isBitSet(tables.styleWord, bit);
 }
 
-} // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void readBothWays(std::span<const std::uint8_t> input, const QString& path)
 {
-    const std::span<const std::uint8_t> input(data, size);
-
     TrueType::FontTables fresh;
-    TrueType::readFontFile(input, fresh);
+    const TrueType::ReadEnd fromFile = TrueType::readFontFile(path, fresh);
     checkStored(fresh);
     askEverything(fresh);
+    TrueType::FontTables inMemory;
+    FuzzSupport::check(TrueType::readFontFile(input, inMemory) == fromFile, "file and memory reads end alike");
+    FuzzSupport::check(same(fresh, inMemory), "file and memory reads store the same");
 
     // The same bytes read after a good font: what the input lacks stays from before.
     TrueType::FontTables previous;
     check(TrueType::readFontFile(wellFormed, previous) == TrueType::ReadEnd::Complete);
     check(TrueType::nameString(previous, 1, 0x0409) == QStringLiteral("Ab"));
-    TrueType::readFontFile(input, previous);
+    TrueType::readFontFile(path, previous);
     checkStored(previous);
     askEverything(previous);
 
+    // Each face of a collection (a few of them), read alone.
+    const int faces = TrueType::faceCount(input);
+    check(faces >= 0 && std::size_t(faces) <= input.size() / 4 + 1);
+    for (int face = 0; face < std::min(faces, 4); ++face) {
+        TrueType::FontTables one;
+        TrueType::readFontFace(input, face, one);
+        checkStored(one);
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::span<const std::uint8_t> input(data, size);
+    const QString path = FuzzSupport::writeInput(QStringLiteral("input.ttf"), reinterpret_cast<const char*>(data),
+                                                 qsizetype(size));
+    FuzzSupport::runTimed(FuzzSupport::inputLimitMs(100), [&] { readBothWays(input, path); });
     (void)TrueType::decodeNameString(input.first(std::min<std::size_t>(size, 4096)));
     return 0;
 }
+

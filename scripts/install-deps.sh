@@ -5,7 +5,8 @@ set -euo pipefail
 what=${1:-test}
 
 packages=(cmake g++ make pkg-config qt6-base-dev libfontconfig-dev libfreetype-dev libicu-dev
-          libharfbuzz-dev libwoff-dev zlib1g-dev fonts-dejavu-core libwmf-dev qt6-translations-l10n)
+          libharfbuzz-dev libwoff-dev zlib1g-dev fonts-dejavu-core libwmf-dev qt6-translations-l10n
+          libxml2-dev)
 # xdg-open hands the user's fonts folder to the desktop's file manager.
 packages+=(xdg-utils xvfb xauth xdotool imagemagick)
 if [ "$what" = test ]; then
@@ -13,8 +14,15 @@ if [ "$what" = test ]; then
              python3 libbenchmark-dev ccache)
   # Fonts the tests read: CJK collections, Type 1 and CFF faces, a variable font, web fonts.
   packages+=(fonts-noto-cjk fonts-urw-base35 fonts-inter-variable fonts-dejavu-web fonts-dejavu-extra)
+  # OpenType features with known results (small capitals, old-style figures, stylistic sets).
+  packages+=(fonts-texgyre)
+  # The sheets opened by real readers: LibreOffice (RTF and HTML to PDF) and Chromium (HTML).
+  packages+=(libreoffice-writer-nogui chromium)
   # Desktop integration checks and the Debian package.
   packages+=(desktop-file-utils appstream dpkg-dev file)
+  # rsvg-convert renders the application icon's PNGs (desktop/icons/make-icons.sh);
+  # woff2_compress makes the WOFF2 fuzz seeds (fuzz/make-corpus.py).
+  packages+=(librsvg2-bin woff2)
 fi
 
 missing=()

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds Glyphora and runs every test: the unit and window
 # tests (offscreen, printing for real to a CUPS PDF queue), the same tests built with
-# AddressSanitizer and UndefinedBehaviorSanitizer, and a short fuzz run of the font
-# file reader.
+# AddressSanitizer and UndefinedBehaviorSanitizer, the Debian package built, installed,
+# started and removed, and a short fuzz run of the font file reader, the preview, the
+# picture loader, the sheet writers and the web font unpacker.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$(pwd)
@@ -18,6 +19,9 @@ export GLYPHORA_PDF_OUT=${GLYPHORA_PDF_OUT:-/tmp/cups-pdf-out}
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j "$jobs"
 ctest --test-dir build --output-on-failure -j 1
+if [ "${GLYPHORA_SKIP_PACKAGE:-0}" != 1 ]; then
+  ./scripts/package-check.sh build
+fi
 
 if [ "${GLYPHORA_SKIP_SANITIZERS:-0}" != 1 ]; then
   cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DGLYPHORA_SANITIZE=ON \
@@ -28,6 +32,6 @@ if [ "${GLYPHORA_SKIP_SANITIZERS:-0}" != 1 ]; then
 fi
 
 if [ -x "$root/scripts/fuzz.sh" ] && [ "${GLYPHORA_SKIP_FUZZ:-0}" != 1 ]; then
-  "$root/scripts/fuzz.sh" 60
+  "$root/scripts/fuzz.sh" 30   # each target, from its seed corpus
 fi
 echo "All tests passed."

@@ -143,7 +143,10 @@ private Q_SLOTS:
         QVERIFY(item);
         QCOMPARE(item->text(), QStringLiteral("Co&mparer des polices..."));
         QCOMPARE(item->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_M));
-        QVERIFY(m_main->moutils->actions().contains(item));
+        QStringList tools;
+        for (const QAction* action : m_main->moutils->actions())
+            tools.append(action->objectName());
+        QCOMPARE(tools, (QStringList{"municode", "mdetails", "mcomparer", "mlistepdf", "maperculiste", "minstaller"}));
         QString seen;
         bool modal = false;
         ModalScript script({[&](QWidget* window) {

@@ -26,7 +26,14 @@ private Q_SLOTS:
         QCOMPARE(FontSheet::halfPoints(QStringLiteral(" 6")), 12);
         QCOMPARE(FontSheet::halfPoints(QStringLiteral(" 120")), 240);
         QCOMPARE(FontSheet::halfPoints(QStringLiteral("10.9")), 20);
-        QCOMPARE(FontSheet::halfPoints(QStringLiteral("")), 0);
+        // Sizes outside the dialog's range are clamped before any conversion.
+        QCOMPARE(FontSheet::halfPoints(QStringLiteral("")), 12);
+        QCOMPARE(FontSheet::halfPoints(QStringLiteral("-5")), 12);
+        QCOMPARE(FontSheet::halfPoints(QStringLiteral("500")), 240);
+        QCOMPARE(FontSheet::halfPoints(QStringLiteral("1e300")), 240);
+        QCOMPARE(FontSheet::halfPoints(QStringLiteral("1e400")), 12); // no number a double can hold
+        QCOMPARE(FontSheet::halfPoints(QStringLiteral("99999999999999999999")), 240);
+        QCOMPARE(FontSheet::pointSize(QStringLiteral("-1e400")), 6.0);
     }
 
     void rtfForTwoFontsIsTheNineLineSheet()
@@ -114,15 +121,87 @@ private Q_SLOTS:
         QCOMPARE(sheet, expected);
     }
 
-    void rtfWritesNamesAsWindows1252AndEscapesNothing()
+    void rtfEscapesNamesAndKeepsTheSampleAsTyped()
     {
-        const QByteArray sheet = FontSheet::rtf({QStringLiteral("Caf\u00e9"), QStringLiteral("a\\b{c}")},
-                                                QStringLiteral("Caf\u00e9"), QStringLiteral("\u20ac <\"x\"> \u4e00"),
+        const QByteArray sheet = FontSheet::rtf({QStringLiteral("Caf\u00e9"), QStringLiteral("a\\b{c};d")},
+                                                QStringLiteral("Caf\u00e9"), QStringLiteral("\u20ac <\"x\"> {\\b x}"),
                                                 QStringLiteral(" 10"), QStringLiteral(" 10"));
         QVERIFY(sheet.contains("{\\f0\\fnil\\fprq2\\fcharset0 Caf\xE9;}\r\n"));
-        QVERIFY(sheet.contains("{\\f1\\fnil\\fprq2\\fcharset0 a\\b{c};}\r\n"));
-        QVERIFY(sheet.contains("\\f1 \x80 <\"x\"> ?\\par"));
+        QVERIFY(sheet.contains("{\\f1\\fnil\\fprq2\\fcharset0 a\\\\b\\{c\\},d;}\r\n"));
+        QVERIFY(sheet.contains("\\f0 a\\\\b\\{c\\};d\\par\\fs20\\f1 \x80 <\"x\"> {\\b x}\\par"));
         QVERIFY(!sheet.contains("\xC3"));
+    }
+
+    void rtfEscapesCharactersOutsideWindows1252ByteForByte()
+    {
+        // Cyrillic, CJK, Arabic, a character above U+7FFF and an emoji (a surrogate pair).
+        const QString text = QStringLiteral("\u0416\u4e2d\u0639\uff21\U0001F600\u00e9");
+        const QByteArray escaped = "\\u1046?\\u20013?\\u1593?\\u-223?\\u-10179?\\u-8704?\xE9";
+        QCOMPARE(FontSheet::rtfSample(text), escaped);
+        QCOMPARE(FontSheet::rtfName(text, true), escaped);
+        const QByteArray sheet = FontSheet::rtf({text}, text, text, QStringLiteral(" 10"), QStringLiteral(" 12"));
+        QCOMPARE(sheet, lines({
+                            rtfHeader,
+                            "{\\f0\\fnil\\fprq2\\fcharset0 " + escaped + ";}",
+                            "}",
+                            "\\viewkind4\\uc1\\pard\\fs20\\cf1\\fs24\\f0 " + escaped + "\\par\\fs24\\f0 " + escaped + "\\par\\par",
+                            "",
+                            "\\par",
+                            "}",
+                        }));
+    }
+
+    void rtfBracesBalanceWhateverTheNames()
+    {
+        const QStringList names{QStringLiteral("}"), QStringLiteral("{"), QStringLiteral("\\"), QStringLiteral("\\}"),
+                                QStringLiteral("a;b"), QStringLiteral("}}}{"), QStringLiteral("\\par}{\\rtf1"),
+                                QStringLiteral("x\\"), QStringLiteral("\U0001F600}")};
+        const QByteArray sheet = FontSheet::rtf(names, names[1], QStringLiteral("T"), QStringLiteral(" 10"),
+                                                QStringLiteral(" 10"));
+        // Outside escapes, depth never goes below 1 before the end, and ends at 0.
+        int depth = 0, closedAt = -1;
+        for (qsizetype i = 0; i < sheet.size(); ++i) {
+            if (sheet[i] == '\\') {
+                ++i;
+                continue;
+            }
+            if (sheet[i] == '{')
+                ++depth;
+            if (sheet[i] == '}' && --depth == 0)
+                closedAt = int(i);
+        }
+        QCOMPARE(depth, 0);
+        QCOMPARE(closedAt, int(sheet.size() - 3));
+        // Every font-table entry holds exactly one ";", its own end.
+        const QByteArray table = sheet.mid(0, sheet.indexOf("}\r\n\\viewkind4"));
+        QCOMPARE(table.count(';'), names.size());
+    }
+
+    void htmlEscapesNamesAndKeepsTheSampleAsTyped()
+    {
+        const QString hostile = QStringLiteral("<script>\"&'</script>");
+        const QByteArray sheet = FontSheet::html({hostile}, hostile, QStringLiteral("<b>gras</b> & \"x\""));
+        const QByteArray name = "&lt;script&gt;&quot;&amp;'&lt;/script&gt;";
+        QCOMPARE(FontSheet::htmlName(hostile), name);
+        QVERIFY(sheet.contains("<FONT FACE=\"" + name + "\">" + name + "</FONT><BR><FONT FACE=\"" + name
+                               + "\"><b>gras</b> & \"x\"</FONT>\r\n"));
+        QVERIFY(!sheet.contains("<script"));
+    }
+
+    void htmlWritesCharactersOutsideWindows1252AsReferences()
+    {
+        const QString text = QStringLiteral("\u0416\u4e2d\u0639\uff21\U0001F600\u00e9\u20ac");
+        const QByteArray referenced = "&#1046;&#20013;&#1593;&#65313;&#128512;\xE9\x80";
+        QCOMPARE(FontSheet::htmlName(text), referenced);
+        QCOMPARE(FontSheet::htmlSample(text), referenced);
+        QCOMPARE(FontSheet::htmlSample(QString(QChar(0xD800))), QByteArray("&#65533;"));
+        const QByteArray sheet = FontSheet::html({text}, text, text);
+        QVERIFY(sheet.contains("<FONT FACE=\"" + referenced + "\">" + referenced + "</FONT><BR><FONT FACE=\""
+                               + referenced + "\">" + referenced + "</FONT>\r\n"));
+        // The head declares nothing, whatever the text holds: the bytes stay as they always were.
+        QVERIFY(sheet.startsWith("<HTML>\r\n<HEAD>\r\n<TITLE>Liste des polices</TITLE>\r\n</HEAD>\r\n<BODY>\r\n"));
+        QVERIFY(FontSheet::html({QStringLiteral("\u0416")}, QStringLiteral("A"), QStringLiteral("\U0001F600"))
+                    .startsWith("<HTML>\r\n<HEAD>\r\n<TITLE>Liste des polices</TITLE>"));
     }
 
     void rtfYieldsOncePerFontInEachPass()

@@ -264,9 +264,13 @@ private Q_SLOTS:
         dialog->chkApercu->setChecked(true);
         const QDateTime since = QDateTime::currentDateTime();
         PreviewSeen closed;
-        ModalScript closing(previewSteps(&closed, false));
-        QTest::mouseClick(dialog->Command2, Qt::LeftButton);
-        QVERIFY(closing.unexpected().isEmpty());
+        {
+            // Gone before the next preview: a script past its last step closes any
+            // window that comes up.
+            ModalScript closing(previewSteps(&closed, false));
+            QTest::mouseClick(dialog->Command2, Qt::LeftButton);
+            QVERIFY(closing.unexpected().isEmpty());
+        }
         QCOMPARE(closed.title, QStringLiteral("Aperçu avant impression"));
         QVERIFY(closed.pages >= 1);
         QVERIFY(!Printer::instance().hasOpenDocument());

@@ -302,10 +302,16 @@ private Q_SLOTS:
         QCOMPARE(inner->SplitterPos(), 2048L);
         QCOMPARE(outer->SplitterWidth(), 75L);
         QCOMPARE(inner->SplitterWidth(), 75L);
-        QCOMPARE(outer->childControls(), (QList<QWidget*>{inner, w.List1}));
+        // The left pane holds the filter panel above the list.
+        QWidget* pane = w.findChild<QWidget*>(QStringLiteral("fraListe"));
+        QVERIFY(pane);
+        QCOMPARE(outer->childControls(), (QList<QWidget*>{inner, pane}));
+        QCOMPARE(w.List1->parentWidget(), pane);
         QCOMPARE(inner->childControls(), (QList<QWidget*>{w.findChild<QWidget*>(QStringLiteral("Text2")),
                                                            w.findChild<QWidget*>(QStringLiteral("Text1"))}));
-        QCOMPARE(twips(w.List1), QRectF(0, 0, 1835, outer->heightTwips()));
+        QCOMPARE(twips(pane), QRectF(0, 0, 1835, outer->heightTwips()));
+        QCOMPARE(w.List1->geometry().bottom(), pane->height() - 1);
+        QCOMPARE(w.List1->width(), pane->width());
         QCOMPARE(twips(inner).left(), 1880.0);
         QCOMPARE(twips(inner).width(), outer->widthTwips() - 1880);
         QCOMPARE(twips(w.findChild<QWidget*>(QStringLiteral("Text1"))), QRectF(0, 0, inner->widthTwips(), 2063));

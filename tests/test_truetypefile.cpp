@@ -2,6 +2,7 @@
 // state kept between files, and a corpus of broken files.
 #include "fontfile/bytereader.h"
 #include "fontfile/truetypefile.h"
+#include "support/craftedfonts.h"
 #include "support/sfntwriter.h"
 #include "support/testsupport.h"
 
@@ -412,6 +413,82 @@ private Q_SLOTS:
         QCOMPARE(endCode(readFontFile(dir.filePath(QStringLiteral("absent.ttf")), tables)), endCode(ReadEnd::CannotOpen));
         QCOMPARE(nameOf(tables, 1), QStringLiteral("Disque"));
         QVERIFY(tables.valid);
+    }
+
+    void entriesPointingAtOneTableReadItOnce()
+    {
+        // The 917 KB file: 32,765 name entries, one name table of 32,767 records.
+        const QByteArray file = CraftedFonts::nameAmplifier();
+        QCOMPARE(file.size(), 917546);
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("ampli.ttf"));
+        QVERIFY(Sfnt::writeFile(path, file));
+        for (bool fromDisk : {false, true}) {
+            FontTables tables;
+            const ReadEnd end = fromDisk ? readFontFile(path, tables) : readInto(file, tables);
+            QCOMPARE(endCode(end), endCode(ReadEnd::Complete));
+            QVERIFY(tables.valid);
+            QCOMPARE(tables.names->records.size(), 32767);
+            QCOMPARE(nameOf(tables, 1), QStringLiteral("Ampli"));
+            QCOMPARE(nameOf(tables, 1, 0x040C), QStringLiteral("Ampli"));
+        }
+    }
+
+    void aRepeatedOffsetStillMakesTheLastEntryWin()
+    {
+        // name A, name B, then A again: A is the last one read, though not parsed twice.
+        QByteArray file = Sfnt::font({
+            {"head", Sfnt::head(), {}},
+            {"name", Sfnt::name({Sfnt::microsoft(1, QStringLiteral("Nom A"))}), {}},
+            {"OS/2", Sfnt::os2(0x01), {}},
+            {"name", Sfnt::name({Sfnt::microsoft(1, QStringLiteral("Nom B"))}), {}},
+            {"OS/2", Sfnt::os2(0x20), {}},
+            {"name", Sfnt::name({Sfnt::microsoft(1, QStringLiteral("Nom C"))}), {}},
+            {"OS/2", Sfnt::os2(0x10), {}},
+        });
+        // The last name and OS/2 entries are pointed back at the first ones.
+        file.replace(12 + 16 * 5 + 8, 4, file.mid(12 + 16 * 1 + 8, 4));
+        file.replace(12 + 16 * 6 + 8, 4, file.mid(12 + 16 * 2 + 8, 4));
+        FontTables tables;
+        QCOMPARE(endCode(readInto(file, tables)), endCode(ReadEnd::Complete));
+        QCOMPARE(nameOf(tables, 1), QStringLiteral("Nom A"));
+        QCOMPARE(tables.styleWord, qint16(0x01));
+    }
+
+    void tooManyNameRecordsEndTheRead()
+    {
+        // Three distinct tables of 30,000 records: the third goes past 65,536 records.
+        const QByteArray file = CraftedFonts::nameAmplifier(5, 30000, 3);
+        FontTables tables;
+        QCOMPARE(endCode(readInto(file, tables)), endCode(ReadEnd::WorkCapReached));
+        QVERIFY(tables.valid);
+        QCOMPARE(tables.names->records.size(), 30000); // the second table stays
+        // Two such tables are within the limits.
+        FontTables two;
+        QCOMPARE(endCode(readInto(CraftedFonts::nameAmplifier(2, 30000, 2), two)), endCode(ReadEnd::Complete));
+    }
+
+    void tooManyStringBytesEndTheRead()
+    {
+        // Forty name tables, each with one string of 30,000 bytes: 1.2 MB to copy.
+        QList<Sfnt::Table> list{{"head", Sfnt::head(), {}}};
+        for (int i = 0; i < 40; ++i)
+            list.append({"name", Sfnt::name({Sfnt::macintosh(1, QByteArray(30000, char('a' + i % 26)))}), {}});
+        FontTables tables;
+        QCOMPARE(endCode(readInto(Sfnt::font(list), tables)), endCode(ReadEnd::WorkCapReached));
+        const int read = int((readLimits.stringBytes) / 30000); // tables whose strings fit
+        QCOMPARE(nameOf(tables, 1), QString(30000, QChar(u'a' + (read - 1) % 26)));
+    }
+
+    void tooManyTablesEndTheRead()
+    {
+        // More OS/2 tables at distinct offsets than a file may make the reader read.
+        QList<Sfnt::Table> list{{"head", Sfnt::head(), {}}};
+        for (int i = 0; i < readLimits.tables + 10; ++i)
+            list.append({"OS/2", Sfnt::os2(quint16(i)), {}});
+        FontTables tables;
+        QCOMPARE(endCode(readInto(Sfnt::font(list), tables)), endCode(ReadEnd::WorkCapReached));
+        QCOMPARE(tables.styleWord, qint16(readLimits.tables - 1));
     }
 
     void bitsOfTheStyleWord()

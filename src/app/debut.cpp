@@ -3,13 +3,22 @@
 
 #include "app/splash.h"
 #include "app/tglyphora.h"
+#include "components/errorreport.h"
 #include "components/settings.h"
+#include "fontfile/previewfiles.h"
+
+#include <QTimer>
 
 #include <memory>
 
 namespace debut {
 
 void Main()
+{
+    Main(QStringList());
+}
+
+void Main(const QStringList& files)
 {
     const QString thanks = Settings::GetSetting(QStringLiteral("Glyphora"), QStringLiteral("Donation"),
                                                 QStringLiteral("Merci"), QString());
@@ -21,6 +30,12 @@ void Main()
     auto* window = new tglyphora;
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->show();
+    if (!files.isEmpty()) {
+        // From the event loop, over the main window, as a menu command would open it.
+        QTimer::singleShot(0, window, [window, files] {
+            ErrorReport::guard([&] { PreviewFiles::open(window, files); });
+        });
+    }
 }
 
 } // namespace debut

@@ -9,6 +9,9 @@ namespace debut {
 // Shows the donation splash unless "Donation"/"Merci" holds any text, then the main
 // window, modeless. Returns at once after that.
 void Main();
+// The same, then, once the main window is up, the preview window on these font files
+// (the first one shown); files that are no fonts are named in a message.
+void Main(const QStringList& files);
 
 // Program-wide state.
 inline QString CurrentFaceName;   // the font selected in the main window's list

@@ -3,6 +3,7 @@
 
 #include "app/debut.h"
 #include "app/toolicons.h"
+#include "browser/fontlistfilter.h"
 #include "browser/samplebox.h"
 #include "components/conversions.h"
 #include "components/ctlebsplitter.h"
@@ -152,6 +153,7 @@ void tglyphora::buildMenus()
     auto* elem = addItem(mnupol, "ElemPol_0", QStringLiteral("police"));
     m_elemPol.append(elem);
     connect(elem, &QAction::triggered, this, [this] { ElemPol_Click(0); });
+    buildFontListMenu(mnupol);
 
     mdivers = menuBar()->addMenu(QStringLiteral("&Divers"));
     mdivers->setObjectName(QStringLiteral("mdivers"));
@@ -214,11 +216,18 @@ void tglyphora::buildMenus()
     // Tools that go beyond the classic menus, between "&Edition" and "&Aide".
     moutils = menuBar()->addMenu(QStringLiteral("&Outils"));
     moutils->setObjectName(QStringLiteral("moutils"));
+    auto* municode = addItem(moutils, "municode", QStringLiteral("Table des caractères &Unicode..."));
+    municode->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
+    connect(municode, &QAction::triggered, this, &tglyphora::municode_Click);
+    auto* mdetails = addItem(moutils, "mdetails", QStringLiteral("&Détails typographiques..."));
+    mdetails->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
+    connect(mdetails, &QAction::triggered, this, &tglyphora::mdetails_Click);
     auto* mcomparer = addItem(moutils, "mcomparer", QStringLiteral("Co&mparer des polices..."));
     mcomparer->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
     connect(mcomparer, &QAction::triggered, this, &tglyphora::mcomparer_Click);
     connect(addItem(moutils, "mlistepdf", QStringLiteral("Enregistrer la liste des polices en &PDF...")), &QAction::triggered, this, &tglyphora::mlistepdf_Click);
     connect(addItem(moutils, "maperculiste", QStringLiteral("Aperçu de la liste avant impression")), &QAction::triggered, this, &tglyphora::maperculiste_Click);
+    connect(addItem(moutils, "minstaller", QStringLiteral("&Installer des polices...")), &QAction::triggered, this, &tglyphora::minstaller_Click);
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));
     mhelp->setObjectName(QStringLiteral("mhelp"));
@@ -348,6 +357,7 @@ void tglyphora::buildWorkArea()
         box->setForeColor(Qt::black);
         box->setBackColor(Qt::white);
     }
+    m_filtre = FontListFilter::install(List1, this);
     setTabOrder(List1, Text1);
     setTabOrder(Text1, Text2);
 

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 class QAction;
+class QAbstractItemDelegate;
 class QActionGroup;
 class QComboBox;
 class QLabel;
@@ -19,6 +20,9 @@ class QTreeWidget;
 class QTreeWidgetItem;
 class SampleBox;
 class ctlEBSplitter;
+class FontListFilter;
+class FontNameDelegate;
+class FontWatch;
 
 // The font list's header, sized without the bold variant of its font.
 class FontListHeader : public QHeaderView {
@@ -84,6 +88,9 @@ public:
 public Q_SLOTS:
     // Menu "&Polices"
     void ElemPol_Click(int Index);
+    void mactualiser_Click();
+    void mapercu_Click();
+    void mfavori_Click();
     // Menu "&Divers"
     void mvisboucle_Click();
     void mcharmap_Click();
@@ -110,7 +117,11 @@ public Q_SLOTS:
     void mital_Click();
     void msoul_Click();
     void mbar_Click();
-    // Menu "&Outils": proofs (output/proofcommands.cpp)
+    // Menu "&Outils"
+    void municode_Click();
+    void minstaller_Click();
+    void mdetails_Click();
+    // proofs (output/proofcommands.cpp)
     void mcomparer_Click();
     void mlistepdf_Click();
     void maperculiste_Click();
@@ -172,6 +183,13 @@ private:
     void stopSlideshow();
     // Preferences (app/preferences.cpp)
     void restorePreferences();
+    // Filter, favourites, names in their own font, following installs
+    // (browser/fontlisttools.cpp)
+    void buildFontListMenu(QMenu* mnupol);
+    void fillFavouritesMenu();
+    void updateFavouriteCaption();
+    void fontsChanged();
+    void syncList(const QStringList& names);
 
     QWidget* m_workArea = nullptr;
     QActionGroup* m_alignGroup = nullptr;
@@ -179,6 +197,11 @@ private:
     QList<QLabel*> m_panels;     // index 0 is panel 1
     QList<QAction*> m_munit;
     QList<QAction*> m_elemPol;
+    FontListFilter* m_filtre = nullptr;
+    FontWatch* m_fontWatch = nullptr;
+    FontNameDelegate* m_nameDelegate = nullptr;
+    QAbstractItemDelegate* m_plainDelegate = nullptr;
+    QMenu* m_mnupol = nullptr;
     QTimer* m_clock = nullptr;   // keeps the date and time panels current
     QStringList m_unitNames;     // index 0 is code 1
     QString m_printerName;

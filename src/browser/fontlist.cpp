@@ -4,6 +4,7 @@
 
 #include "app/debut.h"
 #include "browser/enumfont.h"
+#include "browser/fontlistfilter.h"
 #include "browser/samplebox.h"
 #include "components/conversions.h"
 #include "components/runtimeerror.h"
@@ -12,6 +13,8 @@
 #include <QComboBox>
 #include <QFontMetrics>
 #include <QHeaderView>
+#include <QScrollBar>
+#include <QSet>
 #include <QLabel>
 #include <QMenu>
 #include <QSignalBlocker>
@@ -149,7 +152,37 @@ void tglyphora::ShowSelectedFont()
     afficheinfos();
 
     Panel(1)->setText(debut::CurrentFaceName);
-    Panel(4)->setText(QString::number(List1->indexOfTopLevelItem(item) + 1));
+    // The position among the rows the filter leaves visible (all of them without one).
+    const int number = m_filtre->rowNumber(item);
+    Panel(4)->setText(number > 0 ? QString::number(number) : QString());
+}
+
+void tglyphora::syncList(const QStringList& names)
+{
+    // Fonts installed or removed: the rows follow without a new charge, keeping the
+    // selection, the scroll position and the samples.
+    const QSet<QString> installed(names.cbegin(), names.cend());
+    QSet<QString> listed;
+    const QString current = List1->currentItem() ? List1->currentItem()->text(0) : QString();
+    const int scroll = List1->verticalScrollBar()->value();
+    for (int row = List1->topLevelItemCount() - 1; row >= 0; --row) {
+        const QString name = List1->topLevelItem(row)->text(0);
+        if (installed.contains(name))
+            listed.insert(name);
+        else
+            delete List1->takeTopLevelItem(row);
+    }
+    QList<QTreeWidgetItem*> added;
+    for (const QString& name : names) {
+        if (!listed.contains(name))
+            added.append(new FontItem(name));
+    }
+    if (!added.isEmpty()) {
+        List1->addTopLevelItems(added);
+        sortList();
+    }
+    List1->verticalScrollBar()->setValue(scroll);
+    Panel(5)->setText(QString::number(List1->topLevelItemCount()));
 }
 
 void tglyphora::List1_Click()

@@ -1,6 +1,7 @@
 // Slideshow: every tick selects the next font of the list, until its end or Esc.
 #include "app/tglyphora.h"
 
+#include "browser/fontlistfilter.h"
 #include "components/conversions.h"
 #include "components/runtimeerror.h"
 
@@ -35,12 +36,13 @@ void tglyphora::mvisboucle_Click()
 void tglyphora::Timer1_Timer()
 {
     ++m_slidePosition;
-    // Greater-or-equal: the last font of the list is never shown.
-    if (m_slidePosition >= List1->topLevelItemCount()) {
+    // Greater-or-equal: the last font of the list is never shown. The show goes through
+    // the rows a filter leaves visible (all of them without one).
+    if (m_slidePosition >= m_filtre->visibleCount()) {
         Timer1->stop();
         return;
     }
-    QTreeWidgetItem* item = List1->topLevelItem(m_slidePosition - 1);
+    QTreeWidgetItem* item = m_filtre->visibleItem(m_slidePosition);
     const bool autoScroll = List1->hasAutoScroll();
     List1->setAutoScroll(false); // the list is not scrolled to the item
     List1->setCurrentItem(item);

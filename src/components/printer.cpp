@@ -80,7 +80,7 @@ std::unique_ptr<QPrinter> Printer::newDevice()
         printer = std::make_unique<QPrinter>(m_info, QPrinter::HighResolution);
     else
         printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    printer->setDocName(QStringLiteral("Glyphora"));
+    printer->setDocName(m_documentName);
     return printer;
 }
 
@@ -94,6 +94,13 @@ QPrinter& Printer::device()
 QPageLayout Printer::pageLayout()
 {
     return device().pageLayout();
+}
+
+void Printer::setDocumentName(const QString& name)
+{
+    m_documentName = name;
+    if (m_printer && !m_painter)
+        m_printer->setDocName(name);
 }
 
 void Printer::setFontSize(double points)

@@ -62,6 +62,11 @@ public:
     QPageLayout pageLayout();
     std::unique_ptr<QPrinter> newDevice();
 
+    // The title the print jobs carry ("Glyphora" unless changed); it names the job in
+    // the queue and the file a PDF queue writes. Takes effect from the next document.
+    QString documentName() const { return m_documentName; }
+    void setDocumentName(const QString& name);
+
     // Forgets the printer so that the next use asks the system again (the default
     // printer may have changed). An open document is sent first.
     void reset();
@@ -83,6 +88,7 @@ private:
     std::unique_ptr<PageFlow> m_flow;
     QString m_deviceName;
     bool m_resolved = false;
+    QString m_documentName = QStringLiteral("Glyphora");
     QFont m_font;
     int m_scaleMode = 1;
 };

@@ -1,9 +1,11 @@
 // CFontPreview: the load cycle of a font file, face name resolution and registration.
 #include "fontfile/cfontpreview.h"
 
+#include "components/boundedfile.h"
 #include "components/runtimeerror.h"
 #include "fontfile/fontregistration.h"
 #include "fontfile/systemlanguage.h"
+#include "fontfile/webfont.h"
 
 #include <QFileInfo>
 
@@ -31,24 +33,46 @@ void CFontPreview::setFontFile(const QString& path)
     m_fontFile = path;
     ReadFontFile(path);
     m_installed = ResolveFaceName();
-    if (!m_installed) {
+    if (!m_installed && m_readError.isEmpty()) {
         // Offered to the system whatever the reading found; resolving again is what
-        // normally fills the face name of a font that is not installed.
+        // normally fills the face name of a font that is not installed. A web font that
+        // was refused is not offered: the system would unpack it without a limit.
         AddTemporaryFont(path);
         ResolveFaceName();
     }
 }
 
+void CFontPreview::setFaceIndex(int index)
+{
+    m_faceIndex = index;
+    if (!m_fontFile.isEmpty())
+        setFontFile(m_fontFile);
+}
+
 bool CFontPreview::FileExists(const QString& path)
 {
-    // A regular file (or a link to one): directories, pipes and devices are refused.
-    return !path.isEmpty() && QFileInfo(path).isFile();
+    // A regular file (or a link to one) of at most 256 MB, looked at without blocking:
+    // directories, pipes, devices and larger files are refused.
+    return BoundedFile::check(path, BoundedFile::FontLimit) == BoundedFile::Outcome::Read;
 }
 
 void CFontPreview::ReadFontFile(const QString& path)
 {
-    // Reading stops silently at the first error; what was read so far stays.
-    TrueType::readFontFile(path, m_tables);
+    // Reading stops silently at the first error; what was read so far stays. A web
+    // font is read from the bytes it unpacks to.
+    WebFont::Decoded web = WebFont::decodeFile(path);
+    m_sfnt = std::move(web.sfnt);
+    m_readError = WebFont::refusal(web, QFileInfo(path).fileName());
+    if (!m_sfnt.isEmpty()) {
+        const auto bytes = std::span(reinterpret_cast<const std::uint8_t*>(m_sfnt.constData()), std::size_t(m_sfnt.size()));
+        m_faceCount = TrueType::faceCount(bytes);
+        TrueType::readFontFace(bytes, m_faceIndex, m_tables);
+    } else if (m_readError.isEmpty()) {
+        m_faceCount = TrueType::faceCount(path);
+        TrueType::readFontFace(path, m_faceIndex, m_tables);
+    } else {
+        m_faceCount = 0;
+    }
 }
 
 QString CFontPreview::GetNameString(int nameID) const
@@ -85,7 +109,7 @@ bool CFontPreview::ResolveFaceName()
 
 bool CFontPreview::AddTemporaryFont(const QString& path)
 {
-    const int id = FontRegistration::add(path);
+    const int id = m_sfnt.isEmpty() ? FontRegistration::add(path) : FontRegistration::addData(m_sfnt);
     if (id < 0)
         return false;
     // A registration whose face was never resolved is not removed later (see

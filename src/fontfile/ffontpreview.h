@@ -1,16 +1,21 @@
-// FFontPreview: browses folders for TrueType files and draws the chosen one at a
-// series of sizes with its naming strings, whether or not the font is installed.
+// FFontPreview: browses folders for font files and draws the chosen one at a series of
+// sizes with its naming strings, whether or not the font is installed; every face of a
+// collection in turn. The shown file can be installed for the user.
 #pragma once
 
 #include "fontfile/previewtext.h"
 
 #include <QDialog>
+#include <QStringList>
 
 class CFontPreview;
 class DirListBox;
 class DriveListBox;
 class FileListBox;
 class PictureBox;
+class QComboBox;
+class QPushButton;
+class QScrollBar;
 class QTimer;
 
 class FFontPreview : public QDialog {
@@ -24,12 +29,23 @@ public:
     FileListBox* File1 = nullptr;
     PictureBox* Picture1 = nullptr;
     QTimer* Timer1 = nullptr;
+    QComboBox* cboType = nullptr;
+    QPushButton* cmdInstaller = nullptr;
+    QScrollBar* VScroll1 = nullptr; // scrolls Picture1 when the drawing is taller (collections)
 
     // Set at load when the program was started with arguments or the start folder
     // could not be opened: every drawing then puts the information text on the clipboard.
     bool copiesToClipboard() const { return m_copyToClipboard; }
-    // The information text of the last drawing.
+    // The information text of the last drawing (every face of a collection in turn).
     QString lastInformation() const { return m_information; }
+    // Why the last file drawn could not be read (a refused web font), or empty text.
+    QString lastMessage() const { return m_message; }
+
+    // Shows the first of these files: the lists move to its folder, every font type is
+    // listed (and the given names, whatever they end with), and it is drawn. The others
+    // of that folder can be chosen in the list. Before the window is shown, this happens
+    // when it loads.
+    void ShowFiles(const QStringList& files);
 
     void setVisible(bool visible) override;
 
@@ -38,6 +54,8 @@ public Q_SLOTS:
     void Dir1_Change();
     void File1_Click();
     void Timer1_Timer();
+    void cboType_Click();
+    void cmdInstaller_Click();
 
 protected:
     void Form_Load();
@@ -52,6 +70,9 @@ protected:
 private:
     void DrawSelectedFile();
     void drawSamples(const CFontPreview& preview);
+    void drawFace(const CFontPreview& preview);
+    void applyFiles();
+    void updateScrollRange();
     static PreviewText::FileDescription describe(const CFontPreview& preview);
     static bool leftButtonDown();
 
@@ -59,4 +80,6 @@ private:
     bool m_copyToClipboard = false;
     bool m_errorPending = false;
     QString m_information;
+    QString m_message;
+    QStringList m_files; // given to ShowFiles, shown once the window has loaded
 };

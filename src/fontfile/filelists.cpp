@@ -2,7 +2,9 @@
 #include "fontfile/filelists.h"
 
 #include "components/runtimeerror.h"
+#include "fontfile/fonttypes.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -182,7 +184,10 @@ void DirListBox::Refresh()
     }
     m_ancestors = int(chain.size()) - 1;
     QDir current(m_path);
-    const QStringList subfolders = current.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+    // Qt lists a link to a device among the folders: only what really leads to a folder
+    // is offered, so that choosing an entry can never fail.
+    QStringList subfolders = current.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
+    subfolders.removeIf([&current](const QString& name) { return !QFileInfo(current.filePath(name)).isDir(); });
     for (const QString& name : subfolders) {
         auto* item = new QListWidgetItem(closed, QString(2 * int(chain.size()), QLatin1Char(' ')) + name, this);
         item->setData(Qt::UserRole, current.filePath(name));
@@ -289,4 +294,16 @@ FolderBrowser createFolderBrowser(QWidget* parent)
     browser.files->setObjectName(QStringLiteral("File1"));
     browser.files->setPattern(QStringLiteral("*.ttf"));
     return browser;
+}
+
+QComboBox* createTypeCombo(QWidget* parent, FileListBox* files)
+{
+    auto* types = new QComboBox(parent);
+    types->setObjectName(QStringLiteral("cboType"));
+    types->addItems(FontTypes::captions());
+    types->setCurrentIndex(FontTypes::TrueTypeOnly);
+    // The list of the opened box is as wide as the longest caption.
+    types->view()->setMinimumWidth(types->view()->sizeHintForColumn(0) + 2 * types->view()->frameWidth());
+    files->setPattern(FontTypes::pattern(FontTypes::TrueTypeOnly));
+    return types;
 }

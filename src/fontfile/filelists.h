@@ -111,3 +111,7 @@ struct FolderBrowser {
     FileListBox* files = nullptr;
 };
 FolderBrowser createFolderBrowser(QWidget* parent);
+// The type box ("cboType") under a file list: the captions of FontTypes, the first one
+// chosen and its pattern given to the list. The window gives the list the pattern of
+// each type chosen later (its cboType_Click).
+QComboBox* createTypeCombo(QWidget* parent, FileListBox* files);

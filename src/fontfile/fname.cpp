@@ -5,7 +5,9 @@
 #include "components/runtimeerror.h"
 #include "fontfile/filelists.h"
 #include "fontfile/fontregistration.h"
+#include "fontfile/fonttypes.h"
 
+#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -34,17 +36,20 @@ FName::FName(QWidget* parent) : QDialog(parent)
     Label1->setFrameShadow(QFrame::Sunken);
     Label1->setTextInteractionFlags(Qt::TextSelectableByMouse);
     Label1->setMinimumHeight(Label1->fontMetrics().height() + 8);
+    Label1->setWordWrap(true);
+    cboType = createTypeCombo(this, File1);
 
     auto* grid = new QGridLayout(this);
     grid->addWidget(Drive1, 0, 0);
     grid->addWidget(Dir1, 1, 0);
     grid->addWidget(File1, 0, 1, 2, 1);
-    grid->addWidget(Label1, 2, 0, 1, 2);
+    grid->addWidget(cboType, 2, 1);
+    grid->addWidget(Label1, 3, 0, 1, 2);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(Command2);
     buttons->addWidget(Command1);
-    grid->addLayout(buttons, 3, 0, 1, 2);
+    grid->addLayout(buttons, 4, 0, 1, 2);
     grid->setRowStretch(1, 1);
 
     connect(Drive1, &DriveListBox::Change, this, &FName::Drive1_Change);
@@ -52,6 +57,7 @@ FName::FName(QWidget* parent) : QDialog(parent)
     connect(File1, &FileListBox::DblClick, this, &FName::File1_DblClick);
     connect(Command2, &QPushButton::clicked, this, &FName::Command2_Click);
     connect(Command1, &QPushButton::clicked, this, &FName::Command1_Click);
+    connect(cboType, &QComboBox::currentIndexChanged, this, &FName::cboType_Click);
 }
 
 QString FName::SystemFontsFolder()
@@ -96,10 +102,19 @@ void FName::File1_DblClick()
 
 void FName::Command2_Click()
 {
-    if (File1->ListIndex() != -1)
-        Label1->setText(FontRegistration::faceNameOfFile(File1->FileName()));
-    else
+    if (File1->ListIndex() == -1) {
         Label1->clear();
+        return;
+    }
+    // One line per face; a refused web font is said so instead.
+    QString refusal;
+    const QStringList names = FontRegistration::faceNamesOfFile(File1->FileName(), &refusal);
+    Label1->setText(refusal.isEmpty() ? names.join(QLatin1Char('\n')) : refusal);
+}
+
+void FName::cboType_Click()
+{
+    File1->setPattern(FontTypes::pattern(cboType->currentIndex()));
 }
 
 void FName::Command1_Click()

@@ -1,5 +1,6 @@
-// FName: browses to a TrueType file and shows the face name under which the system
-// would know it, without installing or registering anything.
+// FName: browses to a font file and shows the face name under which the system would
+// know it (one line per face of a collection), without installing or registering
+// anything.
 #pragma once
 
 #include <QDialog>
@@ -7,6 +8,7 @@
 class DirListBox;
 class DriveListBox;
 class FileListBox;
+class QComboBox;
 class QLabel;
 class QPushButton;
 
@@ -24,6 +26,7 @@ public:
     QPushButton* Command2 = nullptr;
     QPushButton* Command1 = nullptr;
     QLabel* Label1 = nullptr;
+    QComboBox* cboType = nullptr;
 
     void setVisible(bool visible) override;
 
@@ -33,6 +36,7 @@ public Q_SLOTS:
     void File1_DblClick();
     void Command2_Click();
     void Command1_Click();
+    void cboType_Click();
 
 protected:
     void Form_Load();

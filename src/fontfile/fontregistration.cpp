@@ -2,9 +2,12 @@
 #include "fontfile/fontregistration.h"
 
 #include "browser/enumfont.h"
+#include "components/boundedfile.h"
 #include "fontfile/fontsystem.h"
+#include "fontfile/webfont.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QSet>
 #include <QWidget>
@@ -56,14 +59,31 @@ const QSet<QString>& enumeratedFamilies()
 
 } // namespace
 
-int add(const QString& path)
+namespace {
+
+int remember(int id)
 {
-    const int id = QFontDatabase::addApplicationFont(path);
     if (id < 0)
         return -1;
     registrations().insert(id);
     forgetFamilies();
     return id;
+}
+
+} // namespace
+
+int add(const QString& path)
+{
+    // The bytes are handed over, not the path: read once, bounded, from a regular file.
+    const BoundedFile::Result file = BoundedFile::read(path, BoundedFile::FontLimit);
+    if (!file.ok())
+        return -1;
+    return remember(QFontDatabase::addApplicationFontFromData(file.bytes));
+}
+
+int addData(const QByteArray& sfnt)
+{
+    return remember(QFontDatabase::addApplicationFontFromData(sfnt));
 }
 
 bool remove(int id)
@@ -107,6 +127,18 @@ void announceFontChange()
 QString faceNameOfFile(const QString& path)
 {
     return FontSystem::familyOfFile(path);
+}
+
+QStringList faceNamesOfFile(const QString& path, QString* refusal)
+{
+    const WebFont::Decoded web = WebFont::decodeFile(path);
+    if (refusal)
+        *refusal = WebFont::refusal(web, QFileInfo(path).fileName());
+    if (web.status == WebFont::Status::Decoded)
+        return FontSystem::familiesOfData(web.sfnt, maxFaces);
+    if (web.status != WebFont::Status::NotWebFont)
+        return {};
+    return FontSystem::familiesOfFile(path, maxFaces);
 }
 
 } // namespace FontRegistration

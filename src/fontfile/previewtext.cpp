@@ -3,6 +3,8 @@
 
 #include "components/cstringbuilder.h"
 
+#include <QDir>
+
 namespace PreviewText {
 
 QList<int> sizes()
@@ -39,6 +41,24 @@ QString informationText(const FileDescription& file)
         text.Append(QString::fromUtf8(label)).Append(*value).Append(crlf);
     text.Append(file.installed ? QStringLiteral("Installée: Oui") : QStringLiteral("Installée: Non")).Append(crlf);
     return text.ToString();
+}
+
+QString refusalText(const QString& path, BoundedFile::Outcome outcome)
+{
+    const QString file = QDir::toNativeSeparators(path);
+    switch (outcome) {
+    case BoundedFile::Outcome::Read:
+        return QString();
+    case BoundedFile::Outcome::NotRegular:
+        return QStringLiteral("Erreur, \"%1\" n'est pas un fichier de police : c'est un dossier, un tube ou un périphérique.").arg(file);
+    case BoundedFile::Outcome::TooLarge:
+        return QStringLiteral("Erreur, le fichier \"%1\" est trop gros pour être une police (plus de 256 Mo).").arg(file);
+    case BoundedFile::Outcome::Missing:
+        return QStringLiteral("Erreur, le fichier \"%1\" est introuvable ou vous n'avez pas le droit de le lire.").arg(file);
+    case BoundedFile::Outcome::Unreadable:
+        break;
+    }
+    return QStringLiteral("Erreur, impossible de lire le fichier \"%1\".").arg(file);
 }
 
 } // namespace PreviewText

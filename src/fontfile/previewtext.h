@@ -2,6 +2,8 @@
 // character line, and the information lines describing the file.
 #pragma once
 
+#include "components/boundedfile.h"
+
 #include <QList>
 #include <QString>
 
@@ -30,5 +32,9 @@ struct FileDescription {
 
 // One line per name (label, value, CR LF), then "Installée: Oui" or "Installée: Non".
 QString informationText(const FileDescription& file);
+
+// Why a chosen file is not read at all (a folder, a pipe, a device, a dangling link, a
+// file over 256 MB); empty for a file that is read.
+QString refusalText(const QString& path, BoundedFile::Outcome outcome);
 
 } // namespace PreviewText

@@ -6,6 +6,7 @@
 #include "fontfile/bytereader.h"
 
 #include <QFile>
+#include <QHash>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -14,6 +15,7 @@
 #endif
 
 #include <algorithm>
+#include <limits>
 
 namespace TrueType {
 
@@ -150,6 +152,18 @@ constexpr std::uint32_t headTag = tagOf("head");
 constexpr std::uint32_t nameTag = tagOf("name");
 constexpr std::uint32_t os2Tag = tagOf("OS/2");
 
+// What this read has cost so far against readLimits, and the tables it already read
+// at each offset: a file may point many entries at one table, which is read once.
+struct Work {
+    int tables = 0;
+    int nameRecords = 0;
+    std::int64_t stringBytes = 0;
+    QHash<std::int32_t, NameTable> names;
+    QHash<std::int32_t, std::int16_t> styleWords;
+
+    bool takeTable() { return ++tables <= readLimits.tables; }
+};
+
 // The directory's bytes, read once as a whole; entries are decoded on access.
 class Directory {
 public:
@@ -170,26 +184,72 @@ private:
     QByteArray m_bytes;
 };
 
-std::optional<Directory> readDirectory(Source& file, ReadEnd& end)
+std::optional<Directory> readDirectory(Source& file, std::int64_t start, ReadEnd& end)
 {
     QByteArray offsetTable;
-    if (!file.read(0, offsetTableSize, offsetTable)) {
+    if (!file.read(start, offsetTableSize, offsetTable)) {
         end = ReadEnd::NoOffsetTable;
         return std::nullopt;
     }
     ByteReader reader(bytesOf(offsetTable));
-    reader.skip(4); // sfnt version, not checked; searchRange and the rest are not used
+    reader.skip(4); // sfnt version, not checked (TrueType, 'OTTO' or 'true'); searchRange and the rest are not used
     const std::int16_t numTables = *reader.i16();
     if (numTables <= 0) {
         end = ReadEnd::BadTableCount;
         return std::nullopt;
     }
     QByteArray entries;
-    if (!file.read(offsetTableSize, numTables * directoryEntrySize, entries)) {
+    if (!file.read(start + offsetTableSize, numTables * directoryEntrySize, entries)) {
         end = ReadEnd::DirectoryOutside;
         return std::nullopt;
     }
     return Directory(std::move(entries));
+}
+
+constexpr std::uint32_t collectionTag = tagOf("ttcf");
+constexpr std::int64_t collectionHeaderSize = 12; // tag, version, numFonts
+
+// The number of fonts a collection declares, or nullopt for a file that is no collection.
+std::optional<std::uint32_t> collectionCount(Source& file)
+{
+    QByteArray header;
+    if (!file.read(0, collectionHeaderSize, header))
+        return std::nullopt;
+    ByteReader reader(bytesOf(header));
+    if (reader.u32() != collectionTag)
+        return std::nullopt;
+    reader.skip(4); // version 1 or 2; the digital signature fields of version 2 are not used
+    return reader.u32();
+}
+
+// Where a face's offset table starts: 0 in a plain font file, the face's entry in a
+// collection's offset list otherwise.
+ReadEnd faceStart(Source& file, int faceIndex, std::int64_t& start)
+{
+    const auto count = collectionCount(file);
+    if (!count) {
+        start = 0;
+        return faceIndex == 0 ? ReadEnd::Complete : ReadEnd::BadFaceIndex;
+    }
+    if (faceIndex < 0 || std::uint32_t(faceIndex) >= *count)
+        return ReadEnd::BadFaceIndex;
+    QByteArray offset;
+    if (!file.read(collectionHeaderSize + 4 * std::int64_t(faceIndex), 4, offset))
+        return ReadEnd::CollectionOutside;
+    start = *ByteReader(bytesOf(offset)).u32();
+    return ReadEnd::Complete;
+}
+
+int countFaces(Source& file)
+{
+    if (file.size() < 4)
+        return 0;
+    const auto count = collectionCount(file);
+    if (!count)
+        return 1;
+    // Only the faces whose offsets lie in the file are counted.
+    const std::int64_t present = (file.size() - collectionHeaderSize) / 4;
+    return int(std::min<std::int64_t>({std::int64_t(*count), present, std::numeric_limits<int>::max()}));
 }
 
 // The valid flag from the first head entry; unchanged when there is none.
@@ -220,7 +280,7 @@ NameRecord readNameRecord(ByteReader& reader)
 
 // Where each string lies, in record order, up to the first one that cannot be read;
 // the strings from there on stay empty. The bytes they cover are read once.
-ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& table)
+ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& table, Work& work)
 {
     ReadEnd end = ReadEnd::Complete;
     std::int64_t first = -1;
@@ -244,7 +304,12 @@ ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& tabl
     }
     // Offsets are signed 16-bit words around the table's own offset, so this read is
     // at most about 160 KB whatever the counts say.
-    if (first < 0 || !file.read(first, last - first, table.store))
+    if (first < 0)
+        return end;
+    work.stringBytes += last - first;
+    if (work.stringBytes > readLimits.stringBytes)
+        return ReadEnd::WorkCapReached;
+    if (!file.read(first, last - first, table.store))
         return end;
     for (qsizetype i = 0; i < readable; ++i) {
         const NameRecord& record = table.records[i];
@@ -254,8 +319,14 @@ ReadEnd readNameStrings(Source& file, std::int64_t storageStart, NameTable& tabl
     return end;
 }
 
-ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables)
+ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables, Work& work)
 {
+    if (const auto known = work.names.constFind(tableOffset); known != work.names.cend()) {
+        tables.names = *known;
+        return ReadEnd::Complete;
+    }
+    if (!work.takeTable())
+        return ReadEnd::WorkCapReached;
     QByteArray header;
     if (!file.read(tableOffset, nameHeaderSize, header))
         return ReadEnd::NameHeaderOutside;
@@ -265,6 +336,9 @@ ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables
     const std::int16_t stringOffset = *fields.i16();
     if (count <= 0)
         return ReadEnd::BadNameCount;
+    work.nameRecords += count;
+    if (work.nameRecords > readLimits.nameRecords)
+        return ReadEnd::WorkCapReached;
     QByteArray recordBytes;
     if (!file.read(std::int64_t(tableOffset) + nameHeaderSize, count * nameRecordSize, recordBytes))
         return ReadEnd::NameRecordsOutside;
@@ -275,75 +349,123 @@ ReadEnd readNameTable(Source& file, std::int32_t tableOffset, FontTables& tables
     for (int i = 0; i < count; ++i)
         table.records.append(readNameRecord(records));
     table.strings.resize(count);
+    const ReadEnd end = readNameStrings(file, std::int64_t(tableOffset) + stringOffset, table, work);
+    if (end == ReadEnd::WorkCapReached)
+        return end; // the table read before stays whole
+    if (end == ReadEnd::Complete)
+        work.names.insert(tableOffset, table);
     tables.names = std::move(table);
-    return readNameStrings(file, std::int64_t(tableOffset) + stringOffset, *tables.names);
+    return end;
 }
 
-ReadEnd readStyleWord(Source& file, std::int32_t tableOffset, FontTables& tables)
+ReadEnd readStyleWord(Source& file, std::int32_t tableOffset, FontTables& tables, Work& work)
 {
+    if (const auto known = work.styleWords.constFind(tableOffset); known != work.styleWords.cend()) {
+        tables.styleWord = *known;
+        return ReadEnd::Complete;
+    }
+    if (!work.takeTable())
+        return ReadEnd::WorkCapReached;
     QByteArray os2;
     if (!file.read(tableOffset, os2BytesThroughFsSelection, os2))
         return ReadEnd::OS2Outside;
     ByteReader fields(bytesOf(os2));
     fields.seek(fsSelectionOffset);
     tables.styleWord = *fields.i16();
+    work.styleWords.insert(tableOffset, tables.styleWord);
     return ReadEnd::Complete;
 }
 
-ReadEnd readTables(Source& file, FontTables& tables)
+ReadEnd readTables(Source& file, int faceIndex, FontTables& tables)
 {
-    ReadEnd end = ReadEnd::Complete;
-    const auto directory = readDirectory(file, end);
+    if (file.size() > readLimits.fileBytes)
+        return ReadEnd::CannotOpen;
+    if (file.size() < offsetTableSize)
+        return ReadEnd::NoOffsetTable;
+    std::int64_t start = 0;
+    ReadEnd end = faceStart(file, faceIndex, start);
+    if (end != ReadEnd::Complete)
+        return end;
+    const auto directory = readDirectory(file, start, end);
     if (!directory)
         return end;
     end = readHead(file, *directory, tables);
     if (end != ReadEnd::Complete || !tables.valid)
         return end;
     // Every name and OS/2 entry is read in directory order: the last one wins.
+    Work work;
     for (int i = 0; i < directory->count(); ++i) {
         const DirectoryEntry entry = directory->entry(i);
         if (entry.tag == nameTag)
-            end = readNameTable(file, entry.offset, tables);
+            end = readNameTable(file, entry.offset, tables, work);
         else if (entry.tag == os2Tag)
-            end = readStyleWord(file, entry.offset, tables);
+            end = readStyleWord(file, entry.offset, tables, work);
         if (end != ReadEnd::Complete)
             return end;
     }
     return ReadEnd::Complete;
 }
 
-} // namespace
-
-ReadEnd readFontFile(std::span<const std::uint8_t> file, FontTables& tables)
-{
-    MemorySource source(file);
-    return readTables(source, tables);
-}
-
-ReadEnd readFontFile(const QString& path, FontTables& tables)
+// Runs `read` on a file on disk, or gives `failed` when it cannot be opened.
+template <typename Result, typename Read>
+Result onFile(const QString& path, Result failed, Read read)
 {
 #ifdef Q_OS_UNIX
     // Straight to the system: thousands of files are read in a row.
     // Non-blocking, so that a named pipe cannot hold the reader; only regular files are read.
     const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (fd < 0)
-        return ReadEnd::CannotOpen;
+        return failed;
     struct stat info;
     if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
         ::close(fd);
-        return ReadEnd::CannotOpen;
+        return failed;
     }
     FileSource source(fd, std::int64_t(info.st_size));
-    const ReadEnd end = readTables(source, tables);
+    const Result result = read(source);
     ::close(fd);
-    return end;
+    return result;
 #else
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return ReadEnd::CannotOpen;
+        return failed;
     FileSource source(file, file.size());
-    return readTables(source, tables);
+    return read(source);
 #endif
+}
+
+} // namespace
+
+ReadEnd readFontFile(std::span<const std::uint8_t> file, FontTables& tables)
+{
+    return readFontFace(file, 0, tables);
+}
+
+ReadEnd readFontFile(const QString& path, FontTables& tables)
+{
+    return readFontFace(path, 0, tables);
+}
+
+ReadEnd readFontFace(std::span<const std::uint8_t> file, int faceIndex, FontTables& tables)
+{
+    MemorySource source(file);
+    return readTables(source, faceIndex, tables);
+}
+
+ReadEnd readFontFace(const QString& path, int faceIndex, FontTables& tables)
+{
+    return onFile(path, ReadEnd::CannotOpen, [&](Source& source) { return readTables(source, faceIndex, tables); });
+}
+
+int faceCount(std::span<const std::uint8_t> file)
+{
+    MemorySource source(file);
+    return countFaces(source);
+}
+
+int faceCount(const QString& path)
+{
+    return onFile(path, 0, [](Source& source) { return countFaces(source); });
 }
 
 qsizetype decodedLength(std::span<const std::uint8_t> bytes)

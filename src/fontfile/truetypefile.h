@@ -53,7 +53,7 @@ struct FontTables {
 // was stored up to that point stays.
 enum class ReadEnd {
     Complete,
-    CannotOpen,         // the file could not be opened (nothing was read)
+    CannotOpen,         // not a regular file, too large, or unreadable (nothing was read)
     NoOffsetTable,      // fewer than 12 bytes
     BadTableCount,      // numTables of 0 or less
     DirectoryOutside,   // the directory runs past the end
@@ -64,12 +64,40 @@ enum class ReadEnd {
     BadStringLength,    // a negative string length
     StringOutside,      // a string lies outside the file
     OS2Outside,         // the OS/2 table does not reach fsSelection
+    BadFaceIndex,       // no such face: past a collection's count, or not 0 in a plain font
+    CollectionOutside,  // a collection's header or face offset does not fit
+    WorkCapReached,     // the file asked for more work than readLimits allows
 };
+
+// What reading one file may cost, whatever its counts and offsets say. A directory
+// entry pointing at a table already read at the same offset costs nothing: the table
+// is not read again (the result would be the same). A table that would go past one of
+// these limits ends the read with WorkCapReached, like any other failing read. A
+// well-formed font has one table of each kind and stays far below them.
+struct ReadLimits {
+    int tables = 1024;             // name and OS/2 tables read at distinct offsets
+    int nameRecords = 65536;       // name records parsed (two full tables of 32,767)
+    qint64 stringBytes = 1 << 20;  // bytes copied for name strings
+    qint64 fileBytes = 256LL << 20; // files larger than this are not read at all
+};
+inline constexpr ReadLimits readLimits{};
 
 // Reads one file's tables into `tables`.
 ReadEnd readFontFile(std::span<const std::uint8_t> file, FontTables& tables);
 // The same from a file on disk, of which only the directory and the four tables are read.
 ReadEnd readFontFile(const QString& path, FontTables& tables);
+
+// A collection ("ttcf") holds several fonts that share tables; each face has its own
+// offset table and directory, whose table offsets count from the start of the file.
+// A plain TrueType or OpenType (CFF, "OTTO") file is one face.
+//
+// The number of faces: 1 for a plain font file, a collection's count as far as its
+// face offsets lie in the file, 0 when not even a tag can be read.
+int faceCount(std::span<const std::uint8_t> file);
+int faceCount(const QString& path);
+// Reads one face's tables; face 0 is what readFontFile reads.
+ReadEnd readFontFace(std::span<const std::uint8_t> file, int faceIndex, FontTables& tables);
+ReadEnd readFontFace(const QString& path, int faceIndex, FontTables& tables);
 
 // A name string's bytes as text: 8-bit text in the ANSI code page, unless the first
 // byte is 0; then the bytes are shifted down by one and read as little-endian UTF-16

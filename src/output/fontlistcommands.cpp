@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QSaveFile>
 #include <QTreeWidget>
 
 namespace {
@@ -62,8 +63,12 @@ void tglyphora::mcreatefile_Click()
         return;
 
     setCursor(Qt::WaitCursor);
-    QFile out(file);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    // Written beside the file and renamed over it once complete, so that a failed save
+    // (full disk, write error) leaves the previous file as it was. Unbuffered, so that a
+    // failed write is seen before the rename (a buffered one fails only at the commit).
+    QSaveFile out(file);
+    out.setDirectWriteFallback(true);
+    if (!out.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         unsetCursor();
         throw openFailure(file);
     }
@@ -73,8 +78,7 @@ void tglyphora::mcreatefile_Click()
     for (int i = 0; i < count; ++i)
         names.append(List1->topLevelItem(i)->text(0));
     const QByteArray bytes = FontListText::listFile(names);
-    const bool written = out.write(bytes) == bytes.size() && out.flush();
-    out.close();
+    const bool written = out.write(bytes) == bytes.size() && out.commit();
     unsetCursor();
     if (!written)
         throw RuntimeError::fileError(RuntimeError::PathFileAccess, file, QStringLiteral("mcreatefile"));

@@ -25,6 +25,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSaveFile>
 #include <QStatusBar>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -281,9 +282,9 @@ ProofPages::TestPage Ptest::testPage() const
     ProofPages::TestPage page;
     page.fonts = selectedFonts();
     page.nameFont = List2->currentItem() ? List2->currentItem()->text().trimmed() : QString();
-    page.nameSize = Conversions::leadingNumber(Combo2->currentText());
+    page.nameSize = FontSheet::pointSize(Combo2->currentText());
     page.sample = Text1->text();
-    page.sampleSize = Conversions::leadingNumber(Combo1->currentText());
+    page.sampleSize = FontSheet::pointSize(Combo1->currentText());
     return page;
 }
 
@@ -354,9 +355,13 @@ void Ptest::genererrtf()
             fonts, List2->currentItem() ? List2->currentItem()->text() : QString(), Text1->text(),
             Combo1->itemText(Combo1->currentIndex()), Combo2->itemText(Combo2->currentIndex()),
             [] { QCoreApplication::processEvents(); });
-        QFile out(file);
-        if (out.open(QIODevice::WriteOnly | QIODevice::Truncate))
-            out.write(sheet);
+        // Written beside the file and renamed over it once complete: a full disk or a
+        // write error leaves the previous file as it was. Unbuffered, so that a failed
+        // write is seen before the rename (a buffered one fails only at the commit).
+        QSaveFile out(file);
+        out.setDirectWriteFallback(true);
+        if (out.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && out.write(sheet) == sheet.size())
+            out.commit();
     } catch (const std::exception&) {
     }
 }

@@ -1,6 +1,9 @@
 // The user's font files through fontconfig's FreeType scanner.
 #include "output/userfonts.h"
 
+#include "components/boundedfile.h"
+#include "fontfile/fontsystem.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -11,20 +14,6 @@
 #include <fontconfig/fontconfig.h>
 
 namespace UserFonts {
-
-namespace {
-
-void appendOnce(QStringList& values, FcPattern* pattern, const char* object)
-{
-    FcChar8* value = nullptr;
-    if (FcPatternGetString(pattern, object, 0, &value) == FcResultMatch && value) {
-        const QString text = QString::fromUtf8(reinterpret_cast<const char*>(value));
-        if (!values.contains(text))
-            values.append(text);
-    }
-}
-
-} // namespace
 
 QString Folder()
 {
@@ -43,18 +32,18 @@ QStringList Folders()
 FontFile Describe(const QString& path)
 {
     FontFile file{path, QString(), QString()};
-    FcFontSet* set = FcFontSetCreate();
-    if (!set)
+    // Read once, bounded and only from a regular file: a pipe or a device in the font
+    // folder cannot hold the list.
+    const BoundedFile::Result bytes = BoundedFile::read(path, BoundedFile::FontLimit);
+    if (!bytes.ok())
         return file;
-    const QByteArray name = QFile::encodeName(path);
-    // -1: every face of a collection and every named instance of a variable font.
-    FcFreeTypeQueryAll(reinterpret_cast<const FcChar8*>(name.constData()), static_cast<unsigned>(-1), nullptr, nullptr, set);
     QStringList families, styles;
-    for (int i = 0; i < set->nfont; ++i) {
-        appendOnce(families, set->fonts[i], FC_FAMILY);
-        appendOnce(styles, set->fonts[i], FC_STYLE);
+    for (const FontSystem::FaceNames& face : FontSystem::facesOfData(bytes.bytes)) {
+        if (!families.contains(face.family))
+            families.append(face.family);
+        if (!face.style.isEmpty() && !styles.contains(face.style))
+            styles.append(face.style);
     }
-    FcFontSetDestroy(set);
     file.family = families.join(QStringLiteral("; "));
     file.style = styles.join(QStringLiteral("; "));
     return file;

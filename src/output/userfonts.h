@@ -24,7 +24,8 @@ QStringList Folders();
 // The font files in those folders and their subfolders that fontconfig can read,
 // sorted by family, style and path.
 QList<FontFile> List();
-// The families and styles fontconfig reads in one file; empty when it reads no font.
+// The families and styles fontconfig reads in one file; empty when it reads no font,
+// and for anything but a regular file of at most 256 MB (read without blocking).
 FontFile Describe(const QString& path);
 // Moves a file into the desktop trash (freedesktop.org trash of the user's data folder);
 // true when it went, and then *where holds its place in the trash.

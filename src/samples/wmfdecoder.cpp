@@ -78,7 +78,8 @@ public:
         unsigned width = 0, height = 0;
         if (wmf_display_size(m_api, &width, &height, PixelsPerInch, PixelsPerInch) != wmf_E_None)
             return {};
-        if (width == 0 || height == 0 || width > MaximumSide || height > MaximumSide)
+        if (width == 0 || height == 0 || width > MaximumSide || height > MaximumSide
+            || qint64(width) * qint64(height) > MaximumPixels)
             return {};
         wmf_gd_t* device = WMF_GD_GetData(m_api);
         device->type = wmf_gd_image;
@@ -126,9 +127,38 @@ bool LooksLikeMetafile(const QByteArray& bytes)
     return (type == 1 || type == 2) && headerWords == 9 && (version == 0x0100 || version == 0x0300);
 }
 
+qint64 RecordCount(const QByteArray& bytes)
+{
+    constexpr int placeableSize = 22;
+    const bool placeable = bytes.size() >= 4 && word(bytes, 0) == 0xCDD7 && word(bytes, 2) == 0x9AC6;
+    const qint64 header = placeable ? placeableSize : 0;
+    if (bytes.size() < header + 18)
+        return -1;
+    // The largest record, in words: libwmf allocates a buffer of that size up front.
+    const quint32 maxRecord = quint32(word(bytes, int(header) + 12)) | (quint32(word(bytes, int(header) + 14)) << 16);
+    if (qint64(maxRecord) * 2 > bytes.size())
+        return -1;
+    // Records follow the header, whose size is given in 16-bit words.
+    qint64 at = header + 2 * qint64(word(bytes, int(header) + 2));
+    qint64 records = 0;
+    while (at + 6 <= bytes.size() && records <= MaximumRecords) {
+        const quint32 words = quint32(word(bytes, int(at))) | (quint32(word(bytes, int(at) + 2)) << 16);
+        if (words < 3)
+            return -1;
+        if (word(bytes, int(at) + 4) == 0) // the end record
+            break;
+        ++records;
+        at += 2 * qint64(words);
+    }
+    return records;
+}
+
 QImage Decode(const QByteArray& bytes)
 {
     if (!LooksLikeMetafile(bytes))
+        return {};
+    const qint64 records = RecordCount(bytes);
+    if (records < 0 || records > MaximumRecords)
         return {};
     // libwmf reads from a mutable buffer of its own.
     std::vector<unsigned char> data(bytes.begin(), bytes.end());

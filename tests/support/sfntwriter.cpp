@@ -217,6 +217,77 @@ QList<Name> familyNames(const QString& family, const QString& subfamily)
     };
 }
 
+namespace {
+
+// Format 4: one segment per BMP code, then the closing 0xFFFF segment.
+QByteArray cmapFormat4(const QList<QPair<char32_t, quint16>>& mapping)
+{
+    QList<QPair<char32_t, quint16>> bmp;
+    for (const auto& entry : mapping)
+        if (entry.first < 0xFFFF)
+            bmp.append(entry);
+    bmp.append({0xFFFF, 0});
+    const int segments = int(bmp.size());
+    int searchRange = 2;
+    int selector = 0;
+    while (searchRange * 2 <= segments * 2) {
+        searchRange *= 2;
+        ++selector;
+    }
+    QByteArray table;
+    put16(table, 4);                              // format
+    put16(table, quint16(16 + 8 * segments));     // length
+    put16(table, 0);                              // language
+    put16(table, quint16(segments * 2));          // segCountX2
+    put16(table, quint16(searchRange));           // searchRange
+    put16(table, quint16(selector));              // entrySelector
+    put16(table, quint16(segments * 2 - searchRange)); // rangeShift
+    for (const auto& entry : bmp)
+        put16(table, quint16(entry.first));       // endCode
+    put16(table, 0);                              // reservedPad
+    for (const auto& entry : bmp)
+        put16(table, quint16(entry.first));       // startCode
+    for (const auto& entry : bmp)                 // idDelta: glyph - code, modulo 65536
+        put16(table, entry.first == 0xFFFF ? 1 : quint16(entry.second - entry.first));
+    for (int i = 0; i < segments; ++i)
+        put16(table, 0);                          // idRangeOffset
+    return table;
+}
+
+QByteArray cmapFormat12(const QList<QPair<char32_t, quint16>>& mapping)
+{
+    QByteArray table;
+    put16(table, 12);                                   // format
+    put16(table, 0);                                    // reserved
+    put32(table, quint32(16 + 12 * mapping.size()));    // length
+    put32(table, 0);                                    // language
+    put32(table, quint32(mapping.size()));              // numGroups
+    for (const auto& entry : mapping) {
+        put32(table, entry.first);                      // startCharCode
+        put32(table, entry.first);                      // endCharCode
+        put32(table, entry.second);                     // startGlyphID
+    }
+    return table;
+}
+
+} // namespace
+
+QByteArray cmap(const QList<QPair<char32_t, quint16>>& mapping)
+{
+    const QByteArray bmp = cmapFormat4(mapping);
+    const QByteArray full = cmapFormat12(mapping);
+    QByteArray table;
+    put16(table, 0); // version
+    put16(table, 2); // numTables
+    put16(table, 3);
+    put16(table, 1);
+    put32(table, 4 + 2 * 8);
+    put16(table, 3);
+    put16(table, 10);
+    put32(table, quint32(4 + 2 * 8 + bmp.size()));
+    return table + bmp + full;
+}
+
 QByteArray withSymbolCmap(const QByteArray& source)
 {
     QByteArray cmap = tableOf(source, "cmap");
@@ -331,6 +402,101 @@ QByteArray outlineFont(const QList<Name>& names)
     return font({{"OS/2", os2(0), {}}, {"cmap", cmapFormat4(), {}}, {"glyf", glyf, {}}, {"head", head(), {}},
                  {"hhea", hhea, {}}, {"hmtx", hmtx, {}}, {"loca", loca, {}}, {"maxp", maxp, {}},
                  {"name", name(names), {}}, {"post", post, {}}});
+}
+
+QByteArray os2(const Os2Fields& f)
+{
+    QByteArray t;
+    put16(t, f.version);
+    put16(t, 1000);             // xAvgCharWidth
+    put16(t, f.weightClass);
+    put16(t, f.widthClass);
+    put16(t, f.fsType);
+    t.append(16, '\0');         // subscript and superscript sizes and offsets
+    put16(t, quint16(f.strikeoutSize));
+    put16(t, quint16(f.strikeoutPosition));
+    put16(t, 0);                // sFamilyClass
+    for (quint8 digit : f.panose)
+        t.append(char(digit));
+    for (quint32 range : f.unicodeRanges)
+        put32(t, range);
+    t.append(f.vendor.leftJustified(4, ' ', true)); // achVendID, offset 58
+    put16(t, f.fsSelection);    // offset 62
+    put16(t, 0x20);             // usFirstCharIndex
+    put16(t, 0xFFFC);           // usLastCharIndex
+    for (qint16 v : {f.typoAscender, f.typoDescender, f.typoLineGap})
+        put16(t, quint16(v));
+    put16(t, f.winAscent);
+    put16(t, f.winDescent);     // 78 bytes: the end of version 0
+    if (f.version == 0)
+        return t;
+    put32(t, f.codePages[0]);
+    put32(t, f.codePages[1]);   // 86 bytes: the end of version 1
+    if (f.version == 1)
+        return t;
+    put16(t, quint16(f.xHeight));
+    put16(t, quint16(f.capHeight));
+    put16(t, 0);                // usDefaultChar
+    put16(t, 0x20);             // usBreakChar
+    put16(t, 2);                // usMaxContext: 96 bytes
+    if (f.version >= 5) {
+        put16(t, 0);            // usLowerOpticalPointSize
+        put16(t, 0xFFFF);       // usUpperOpticalPointSize
+    }
+    return t;
+}
+
+QByteArray withoutTable(const QByteArray& source, const QByteArray& tag)
+{
+    QList<Table> tables = tablesOf(source);
+    tables.removeIf([&](const Table& t) { return t.tag == tag; });
+    return font(tables);
+}
+
+QByteArray with16(QByteArray table, qsizetype at, quint16 value)
+{
+    set16(table, at, value);
+    return table;
+}
+
+QByteArray gsub(const QList<GsubFeature>& features)
+{
+    const int count = int(features.size());
+    // Header (10), then the script list, the feature list and an empty lookup list.
+    QByteArray scripts;
+    put16(scripts, 1);                      // scriptCount
+    scripts.append("DFLT");
+    put16(scripts, 8);                      // Script table, from the script list
+    put16(scripts, 4);                      // Script: defaultLangSys offset
+    put16(scripts, 0);                      //         langSysCount
+    put16(scripts, 0);                      // LangSys: lookupOrder
+    put16(scripts, 0xFFFF);                 //          requiredFeatureIndex
+    put16(scripts, quint16(count));         //          featureIndexCount
+    for (int i = 0; i < count; ++i)
+        put16(scripts, quint16(i));
+    QByteArray list;
+    put16(list, quint16(count));
+    QByteArray bodies;
+    const int recordsEnd = 2 + 6 * count;
+    for (const GsubFeature& feature : features) {
+        list.append(feature.tag.leftJustified(4, ' ', true));
+        put16(list, quint16(recordsEnd + bodies.size()));
+        put16(bodies, feature.nameId ? 4 : 0); // featureParams offset, from the feature table
+        put16(bodies, 0);                      // lookupIndexCount
+        if (feature.nameId) {
+            put16(bodies, 0);                  // FeatureParamsStylisticSet: version
+            put16(bodies, *feature.nameId);    //                            UINameID
+        }
+    }
+    list.append(bodies);
+    QByteArray t;
+    put32(t, 0x00010000);
+    put16(t, 10);                                       // scriptList
+    put16(t, quint16(10 + scripts.size()));             // featureList
+    put16(t, quint16(10 + scripts.size() + list.size())); // lookupList
+    t.append(scripts).append(list);
+    put16(t, 0);                                        // lookupCount
+    return t;
 }
 
 QString installedTrueTypeFile()

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <array>
 #include <optional>
 
 namespace Sfnt {
@@ -61,6 +62,9 @@ QByteArray renamed(const QByteArray& font, const QList<Name>& names);
 // The usual names of a drawable test family: 1 family, 2 subfamily, 4 full name, 6
 // PostScript name, plus copyright, unique id, version and trademark.
 QList<Name> familyNames(const QString& family, const QString& subfamily = QStringLiteral("Regular"));
+// A cmap table mapping exactly the given code points to the given glyphs: a BMP map
+// (3, 1, format 4) and a full one (3, 10, format 12). Codes must be ascending.
+QByteArray cmap(const QList<QPair<char32_t, quint16>>& mapping);
 // Changes the first Microsoft Unicode character map (3, 1) into a symbol one (3, 0).
 QByteArray withSymbolCmap(const QByteArray& font);
 // Patches OS/2 ulCodePageRange1 and, when given, the first, last and default characters
@@ -71,6 +75,42 @@ QByteArray withCodePages(const QByteArray& font, quint32 codePageRange1, std::op
 // A small drawable TrueType font made here: the printable ASCII characters each have
 // a glyph of their own (a box whose size depends on the character), the space none.
 QByteArray outlineFont(const QList<Name>& names);
+
+// Every OS/2 field the details window shows, for a table of any version: version 0
+// stops after usWinDescent (78 bytes), 1 after the code pages (86), 2 to 4 after
+// usMaxContext (96), 5 after the optical sizes (100).
+struct Os2Fields {
+    quint16 version = 4;
+    quint16 weightClass = 400;
+    quint16 widthClass = 5;
+    quint16 fsType = 0;
+    qint16 strikeoutSize = 100;
+    qint16 strikeoutPosition = 500;
+    std::array<quint8, 10> panose{};
+    std::array<quint32, 4> unicodeRanges{};
+    QByteArray vendor = "GLYP";
+    quint16 fsSelection = 0x0040;
+    qint16 typoAscender = 1600;
+    qint16 typoDescender = -400;
+    qint16 typoLineGap = 200;
+    quint16 winAscent = 1900;
+    quint16 winDescent = 500;
+    std::array<quint32, 2> codePages{1, 0};
+    qint16 xHeight = 1100;
+    qint16 capHeight = 1500;
+};
+QByteArray os2(const Os2Fields& fields);
+// The same font without a table.
+QByteArray withoutTable(const QByteArray& font, const QByteArray& tag);
+// A copy of a table with a 16-bit field replaced.
+QByteArray with16(QByteArray table, qsizetype at, quint16 value);
+// A GSUB table that offers features without lookups: each feature listed for the default
+// script, and a stylistic set's name ID in its parameters when `nameId` is given.
+struct GsubFeature {
+    QByteArray tag;
+    std::optional<quint16> nameId;
+};
+QByteArray gsub(const QList<GsubFeature>& features);
 
 // An installed TrueType file with real outlines (DejaVu Sans), found through fontconfig.
 QString installedTrueTypeFile();

@@ -1,6 +1,9 @@
 // Test harness implementation.
 #include "support/testsupport.h"
 
+#include "components/printer.h"
+#include <QUuid>
+
 #include "app/glyphoraapplication.h"
 
 #include <QApplication>
@@ -14,6 +17,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QUuid>
 #include <QWidget>
 #include <memory>
 
@@ -177,6 +181,19 @@ QString pdfOutputFolder()
     return configured.isEmpty() ? QStringLiteral("/tmp/cups-pdf-out") : configured;
 }
 
+static QString& ownDocumentName()
+{
+    static QString name;
+    return name;
+}
+
+QString useOwnDocumentName()
+{
+    ownDocumentName() = QStringLiteral("Glyphora") + QUuid::createUuid().toString(QUuid::Id128).left(8).toUpper();
+    Printer::instance().setDocumentName(ownDocumentName());
+    return ownDocumentName();
+}
+
 QString waitForPdf(const QDateTime& since, int timeoutMs)
 {
     QElapsedTimer clock;
@@ -192,6 +209,8 @@ QString waitForPdf(const QDateTime& since, int timeoutMs)
             QDirIterator files(pdfOutputFolder(), {QStringLiteral("*.pdf")}, QDir::Files, QDirIterator::Subdirectories);
             while (files.hasNext()) {
                 const QFileInfo info(files.next());
+                if (!info.fileName().startsWith(ownDocumentName()))
+                    continue;
                 if (info.lastModified() >= newestTime && info.size() > 0) {
                     newestTime = info.lastModified();
                     newest = info.filePath();

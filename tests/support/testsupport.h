@@ -55,7 +55,12 @@ ChildResult runScenario(const QString& name, const QStringList& extraEnv = {}, i
 bool requirePrinter();
 // Folder where the PDF queue writes its files.
 QString pdfOutputFolder();
-// Waits until the queue is empty and returns the newest PDF written after `since`.
+// Gives this process's print jobs a document name of their own ("Glyphora" and eight
+// random letters and digits) and returns it: the PDF queue is shared, and its files are
+// named after the document, so that waitForPdf sees only this process's jobs.
+QString useOwnDocumentName();
+// Waits until the queue is empty and returns the newest PDF written after `since` (only
+// this process's PDFs once useOwnDocumentName was called).
 QString waitForPdf(const QDateTime& since, int timeoutMs = 60000);
 QString pdfText(const QString& pdf);
 QString pdfFonts(const QString& pdf);
