@@ -34,6 +34,8 @@ bool sameFont(const QString& inPdf, const QString& postScript);
 
 // The PDF printer queue: the PDFs it wrote after `since` whose text holds `marker`,
 // waiting (up to timeoutMs) until the queue is empty and at least `expected` are there.
+// When the program's printer carries a document name of the test's own, only the files
+// named after it are read.
 QStringList queuedPdfs(const QDateTime& since, const QString& marker, int expected = 1, int timeoutMs = 60000);
 // A marker no other print job carries.
 QString uniqueMarker();
