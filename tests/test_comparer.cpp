@@ -192,10 +192,17 @@ private Q_SLOTS:
         QCOMPARE(filtered(*dialog).size(), m_main->List1->topLevelItemCount());
         dialog->txtFiltre->setText(QStringLiteral("CAFE"));
         QCOMPARE(filtered(*dialog), QStringList{"Café Test"});
-        dialog->txtFiltre->setText(QStringLiteral("dejavu se"));
+        dialog->txtFiltre->setText(QStringLiteral("dejavu ser"));
         QCOMPARE(filtered(*dialog), QStringList{"DejaVu Serif"});
         dialog->txtFiltre->setText(QStringLiteral("essai 2"));
-        QCOMPARE(filtered(*dialog), (QStringList{"Essai 20", "Essai 21"}));
+        QCOMPARE(filtered(*dialog), (QStringList{"Essai 02", "Essai 12", "Essai 20", "Essai 21"}));
+        // The main list's rules: every word, in any order.
+        dialog->txtFiltre->setText(QStringLiteral("SERIF  dejavu"));
+        QCOMPARE(filtered(*dialog).join('|'), QStringLiteral("DejaVu Serif"));
+        // And the other names fontconfig gives a family (DejaVu's condensed faces carry
+        // "DejaVu Sans Condensed" beside "DejaVu Sans"), once the family index is built.
+        dialog->txtFiltre->setText(QStringLiteral("condensed dejavu"));
+        QTRY_COMPARE(filtered(*dialog), (QStringList{"DejaVu Sans", "DejaVu Serif"}));
         dialog->txtFiltre->clear();
         QCOMPARE(filtered(*dialog).size(), m_main->List1->topLevelItemCount());
     }
@@ -216,7 +223,7 @@ private Q_SLOTS:
         emit dialog->lstPolices->activated(mono);
         pick(*dialog, QStringLiteral("Inter"));
         // Return in the filter box takes the first family it leaves.
-        dialog->txtFiltre->setText(QStringLiteral("noto serif cjk j"));
+        dialog->txtFiltre->setText(QStringLiteral("noto serif cjk jp"));
         QTest::keyClick(dialog->txtFiltre, Qt::Key_Return);
         QCOMPARE(chosen(*dialog), (QStringList{"DejaVu Sans", "DejaVu Serif", "Inter", "DejaVu Sans Mono", "Noto Serif CJK JP"}));
         dialog->lstChoix->setCurrentRow(4);

@@ -61,6 +61,8 @@ public:
     ctlEBSplitter* ctlEBSplitter2 = nullptr;
     QMenu* mdivers = nullptr;
     QMenu* moutils = nullptr;
+    // The filter panel above the list (its family index serves other windows' filters).
+    FontListFilter* filtre() const { return m_filtre; }
 
     // The toolbar buttons that hold the style state.
     enum StyleButton { BoldButton = 12, ItalicButton = 13, UnderlineButton = 14, StrikeButton = 15 };

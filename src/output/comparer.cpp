@@ -4,6 +4,8 @@
 #include "app/debut.h"
 #include "app/tglyphora.h"
 #include "browser/enumfont.h"
+#include "browser/familyindex.h"
+#include "browser/fontlistfilter.h"
 #include "browser/samplebox.h"
 #include "components/cmdialog.h"
 #include "components/conversions.h"
@@ -210,6 +212,7 @@ void Comparer::Form_Load()
     const MainState main = readMainWindow();
     m_families = new FamilyProxy(main.families, this);
     lstPolices->setModel(m_families);
+    useFamilyIndex();
 
     for (const QString& font : CompareModel::startingFonts(main.selected, debut::ShownFaces, main.families))
         m_model.add(font);
@@ -237,6 +240,25 @@ void Comparer::Form_Load()
     txtTailles->setText(WaterfallSizes::format(m_model.cascadeSizes()));
     connectControls();
     refresh(0);
+}
+
+void Comparer::useFamilyIndex()
+{
+    // The main list's index gives the families' other names; it is built on a worker
+    // when nobody has needed it yet, and the list filters on names alone meanwhile.
+    const tglyphora* main = tglyphora::instance();
+    FontListFilter* filter = main ? main->filtre() : nullptr;
+    if (!filter)
+        return;
+    if (const auto index = filter->index()) {
+        m_families->setIndex(index.get());
+        return;
+    }
+    connect(filter, &FontListFilter::indexReady, this, [this, filter] {
+        if (const auto index = filter->index())
+            m_families->setIndex(index.get());
+    });
+    filter->ensureIndex();
 }
 
 void Comparer::refresh(int current)

@@ -73,6 +73,8 @@ private:
     void connectControls();
     // Shows the model again: the chosen fonts' list (keeping `current` selected) and the rows.
     void refresh(int current = -1);
+    // Lets the family filter match the other names the main list's index knows.
+    void useFamilyIndex();
     void moveCurrent(int step);
     ProofPages::Drawing drawing() const;
 

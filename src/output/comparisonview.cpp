@@ -1,8 +1,9 @@
 // ComparisonView and FamilyProxy.
 #include "output/comparisonview.h"
 
+#include "browser/familyindex.h"
+#include "browser/textfold.h"
 #include "components/pageflow.h"
-#include "output/familyfilter.h"
 
 #include <QPainter>
 #include <QStringListModel>
@@ -64,20 +65,31 @@ void ComparisonView::paintEvent(QPaintEvent*)
     ProofPages::rows(flow, font(), m_rows, screenOptions());
 }
 
-FamilyProxy::FamilyProxy(const QStringList& families, QObject* parent) : QSortFilterProxyModel(parent)
+FamilyProxy::FamilyProxy(const QStringList& families, QObject* parent)
+    : QSortFilterProxyModel(parent), m_families(families)
 {
-    m_folded.reserve(families.size());
-    for (const QString& family : families)
-        m_folded.append(FamilyFilter::fold(family));
+    setIndex(nullptr);
     setSourceModel(new QStringListModel(families, this));
+}
+
+void FamilyProxy::setIndex(const FamilyIndex* index)
+{
+    m_folded.clear();
+    m_folded.reserve(m_families.size());
+    for (const QString& name : m_families) {
+        const FamilyIndex::Family* family = index ? index->find(name) : nullptr;
+        m_folded.append(family ? family->folded : TextFold::fold(name));
+    }
+    if (!m_words.isEmpty())
+        invalidateRowsFilter();
 }
 
 void FamilyProxy::setQuery(const QString& query)
 {
-    const QString folded = FamilyFilter::fold(query);
-    if (folded == m_query)
+    const QStringList words = TextFold::words(query);
+    if (words == m_words)
         return;
-    m_query = folded;
+    m_words = words;
     invalidateRowsFilter();
 }
 
@@ -88,5 +100,5 @@ QString FamilyProxy::family(const QModelIndex& proxyIndex) const
 
 bool FamilyProxy::filterAcceptsRow(int sourceRow, const QModelIndex&) const
 {
-    return FamilyFilter::matches(m_folded.value(sourceRow), m_query);
+    return m_words.isEmpty() || TextFold::containsAll(m_folded.value(sourceRow), m_words);
 }

@@ -5,7 +5,10 @@
 #include "output/proofpages.h"
 
 #include <QSortFilterProxyModel>
+#include <QStringList>
 #include <QWidget>
+
+class FamilyIndex;
 
 // The rows on screen, one under the other, sized to hold them all (it lives in a
 // scroll area).
@@ -27,18 +30,23 @@ private:
     QSize m_contents;
 };
 
-// Family names filtered by FamilyFilter; the folded names are made once.
+// Family names filtered by the rules of the main list's filter box: every typed word, in
+// any order, whatever the case and the accents, found in the name or in any other name
+// the family index knows for the family (a localized name). The folded names are made once.
 class FamilyProxy : public QSortFilterProxyModel {
     Q_OBJECT
 public:
     explicit FamilyProxy(const QStringList& families, QObject* parent = nullptr);
     void setQuery(const QString& query);
+    // Takes the other names of the families from the index (none: the names alone).
+    void setIndex(const FamilyIndex* index);
     QString family(const QModelIndex& proxyIndex) const;
 
 protected:
     bool filterAcceptsRow(int sourceRow, const QModelIndex& sourceParent) const override;
 
 private:
+    QStringList m_families;
     QStringList m_folded;
-    QString m_query;
+    QStringList m_words;
 };
