@@ -115,6 +115,9 @@ FontListHeader::FontListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, pa
     // A fixed minimum keeps the header from measuring the widest glyph of every
     // fallback font, which costs tens of milliseconds with thousands of fonts.
     setMinimumSectionSize(24);
+    // Left-aligned like the rows below: a centred title wider than a narrow list would
+    // lose its first letters as well as its last.
+    setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 QSize FontListHeader::sectionSizeFromContents(int logicalIndex) const
