@@ -2,10 +2,11 @@
 # In-process benchmarks at each font tier: font selection (median and p99 of a click,
 # first view included), the slideshow (time per font, memory after one pass and two),
 # the RTF and HTML sheets of every family against the raw write, the preview of one
-# uninstalled file, the TrueType names read by Glyphora's reader against FreeType, and the
-# font list's filter (keystroke, index, scrolling with names in their own font), and the
+# uninstalled file, the TrueType names read by Glyphora's reader against FreeType, the
+# font list's filter (keystroke, index, scrolling with names in their own font), the
 # typographic details window (opening on a family of 18 faces; the live sample re-drawn
-# after a slider move, with the system's fonts, where Inter's variable font is).
+# after a slider move, with the system's fonts, where Inter's variable font is), the PDF
+# of the whole font list and a comparison of 20 fonts redrawn after a size change.
 # Each benchmark runs in a fresh process. Usage: bench/inprocess/run.sh [tier...]
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -15,7 +16,7 @@ tiers=("$@")
 [ ${#tiers[@]} -gt 0 ] || tiers=(small medium large)
 
 cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DGLYPHORA_BENCH=ON -DBUILD_TESTING=OFF >/dev/null
-cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench hostilebench bench_fontnames filterbench detailsbench >/dev/null
+cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench hostilebench bench_fontnames filterbench detailsbench proofbench >/dev/null
 
 config=$(mktemp -d)
 trap 'rm -rf "$config"' EXIT
@@ -39,6 +40,9 @@ for tier in "${tiers[@]}"; do
     echo "== $tier $bench"
     "$b/inprocess/filterbench" --benchmark_filter="^$bench" --benchmark_color=false 2>/dev/null | grep -E "^BM_"
   done
+  echo "== $tier proofs: PDF of the whole list (MB = size of the PDF), 20 fonts redrawn after a size change"
+  "$b/inprocess/proofbench" --benchmark_filter=BM_ListPdf --benchmark_color=false 2>/dev/null | grep -E "^BM_"
+  "$b/inprocess/proofbench" --benchmark_filter=BM_CompareSizeChange --benchmark_color=false 2>/dev/null | grep -E "^BM_"
   echo "== $tier TrueType names (sfntOnly:1 = .ttf/.otf files)"
   "$b/bench_fontnames" --benchmark_color=false --benchmark_filter='sfntOnly:1' 2>/dev/null | grep -E "^(own|free)"
   echo "== $tier details window on a family of 18 faces"

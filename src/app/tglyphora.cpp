@@ -230,6 +230,11 @@ void tglyphora::buildMenus()
     auto* mdetails = addItem(moutils, "mdetails", QStringLiteral("&Détails typographiques..."));
     mdetails->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
     ErrorReport::connect(mdetails, &QAction::triggered, this, &tglyphora::mdetails_Click);
+    auto* mcomparer = addItem(moutils, "mcomparer", QStringLiteral("Co&mparer des polices..."));
+    mcomparer->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    ErrorReport::connect(mcomparer, &QAction::triggered, this, &tglyphora::mcomparer_Click);
+    ErrorReport::connect(addItem(moutils, "mlistepdf", QStringLiteral("Enregistrer la liste des polices en &PDF...")), &QAction::triggered, this, &tglyphora::mlistepdf_Click);
+    ErrorReport::connect(addItem(moutils, "maperculiste", QStringLiteral("Aperçu de la liste avant impression")), &QAction::triggered, this, &tglyphora::maperculiste_Click);
     ErrorReport::connect(addItem(moutils, "minstaller", QStringLiteral("&Installer des polices...")), &QAction::triggered, this, &tglyphora::minstaller_Click);
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));

@@ -62,6 +62,8 @@ public:
     ctlEBSplitter* ctlEBSplitter2 = nullptr;
     QMenu* mdivers = nullptr;
     QMenu* moutils = nullptr;
+    // The filter panel above the list (its family index serves other windows' filters).
+    FontListFilter* filtre() const { return m_filtre; }
 
     // The toolbar buttons that hold the style state.
     enum StyleButton { BoldButton = 12, ItalicButton = 13, UnderlineButton = 14, StrikeButton = 15 };
@@ -122,6 +124,10 @@ public Q_SLOTS:
     void municode_Click();
     void minstaller_Click();
     void mdetails_Click();
+    // proofs (output/proofcommands.cpp)
+    void mcomparer_Click();
+    void mlistepdf_Click();
+    void maperculiste_Click();
     // Menu "&Aide"
     void mabout_Click();
 

@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QPoint>
 #include <QProcess>
+#include <QSize>
 #include <algorithm>
 
 namespace Sfnt {
@@ -319,6 +320,89 @@ QByteArray withCodePages(const QByteArray& source, quint32 codePageRange1, std::
         set16(table, 90, *defaultChar);
     }
     return withTable(source, "OS/2", table);
+}
+
+namespace {
+
+constexpr int firstChar = 0x20;
+constexpr int lastChar = 0x7E;
+constexpr int sideBearing = 100;
+
+// A box of the glyph for character c: width and height vary with the character.
+QSize boxOf(int c)
+{
+    return QSize(300 + (c * 37) % 900, 600 + (c * 53) % 1200);
+}
+
+QByteArray boxGlyph(QSize box)
+{
+    QByteArray g;
+    put16(g, 1);                                  // numberOfContours
+    for (int v : {sideBearing, 0, sideBearing + box.width(), box.height()}) // xMin, yMin, xMax, yMax
+        put16(g, quint16(v));
+    put16(g, 3);                                  // endPtsOfContours
+    put16(g, 0);                                  // instructionLength
+    g.append(4, char(0x01));                      // flags: on curve, 16-bit deltas
+    for (int dx : {sideBearing, 0, box.width(), 0})
+        put16(g, quint16(dx));
+    for (int dy : {0, box.height(), 0, -box.height()})
+        put16(g, quint16(dy));
+    return g;
+}
+
+QByteArray cmapFormat4()
+{
+    QByteArray sub;
+    put16(sub, 4);                 // format
+    put16(sub, 32);                // length: 14 + 4 arrays of 2 segments + reservedPad
+    put16(sub, 0);                 // language
+    for (int v : {4, 4, 1, 0})     // segCountX2, searchRange, entrySelector, rangeShift
+        put16(sub, quint16(v));
+    for (int v : {lastChar, 0xFFFF, 0, firstChar, 0xFFFF}) // endCode, reservedPad, startCode
+        put16(sub, quint16(v));
+    for (int v : {1 - firstChar, 1, 0, 0}) // idDelta (glyph 1 is the first character), idRangeOffset
+        put16(sub, quint16(v));
+    QByteArray cmap;
+    for (int v : {0, 1, 3, 1})     // version, numTables, platform 3, encoding 1
+        put16(cmap, quint16(v));
+    put32(cmap, 12);
+    return cmap + sub;
+}
+
+} // namespace
+
+QByteArray outlineFont(const QList<Name>& names)
+{
+    const int glyphs = 1 + lastChar - firstChar + 1; // .notdef then each character
+    QByteArray glyf, loca, hmtx;
+    int widest = 0;
+    for (int g = 0; g < glyphs; ++g) {
+        const int c = firstChar + g - 1;
+        put16(loca, quint16(glyf.size() / 2));
+        const QSize box = g == 0 ? QSize(800, 1400) : boxOf(c);
+        if (c != firstChar) // the space draws nothing
+            glyf.append(boxGlyph(box));
+        const int advance = box.width() + 2 * sideBearing;
+        widest = std::max(widest, advance);
+        put16(hmtx, quint16(advance));
+        put16(hmtx, sideBearing);
+    }
+    put16(loca, quint16(glyf.size() / 2));
+
+    QByteArray hhea;
+    put32(hhea, 0x00010000);
+    for (int v : {1900, -500, 200, widest, 0, 0, widest, 1, 0, 0, 0, 0, 0, 0, 0, glyphs})
+        put16(hhea, quint16(v)); // ascender .. numberOfHMetrics
+    QByteArray maxp;
+    put32(maxp, 0x00010000);
+    for (int v : {glyphs, 4, 1, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0})
+        put16(maxp, quint16(v)); // numGlyphs, maxPoints, maxContours, ..., maxZones 2, the rest 0
+    QByteArray post;
+    for (quint32 v : {0x00030000u, 0u, 0xFF380064u, 0u, 0u, 0u, 0u, 0u}) // v3, italicAngle, underline, ...
+        put32(post, v);
+    return font({{"OS/2", os2(0), {}}, {"cmap", cmapFormat4(), {}}, {"glyf", glyf, {}}, {"head", head(), {}},
+                 {"hhea", hhea, {}}, {"hmtx", hmtx, {}}, {"loca", loca, {}}, {"maxp", maxp, {}},
+                 {"name", name(names), {}}, {"post", post, {}}});
 }
 
 QByteArray os2(const Os2Fields& f)
