@@ -4,6 +4,7 @@
 // and the file left as far as it got).
 #include "app/tglyphora.h"
 #include "browser/samplebox.h"
+#include "components/errorreport.h"
 #include "output/ptest.h"
 #include "support/modalscript.h"
 #include "support/testsupport.h"
@@ -45,7 +46,7 @@ int fullDiskListScenario()
                             std::fflush(stdout);
                             ModalScript::clickButton(QMessageBox::Ok)(modal);
                         }});
-    QTimer::singleShot(0, &window, &tglyphora::mcreatefile_Click);
+    QTimer::singleShot(0, &window, ErrorReport::guarded([&window] { window.mcreatefile_Click(); }));
     QApplication::exec();
     return 0; // not reached: the report ends the program
 }
@@ -141,6 +142,9 @@ private Q_SLOTS:
         QCOMPARE(child.exitCode, 3);
         QVERIFY2(child.out.contains(QStringLiteral("Erreur d'exécution")), qPrintable(child.out + child.err));
         QVERIFY(child.out.contains(list));
+        QVERIFY2(child.out.contains(QStringLiteral("Enregistrement de la liste dans ") + list
+                                    + QStringLiteral(" : le disque est plein.")),
+                 qPrintable(child.out));
         // ...but the old file is whole, and no temporary file is left beside it.
         QCOMPARE(readFile(list), QByteArray("ancienne liste\r\n"));
         QCOMPARE(files(), QStringList{QStringLiteral("listepol.txt")});

@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QUrl>
+#include <csignal>
+#include <optional>
 
 namespace {
 
@@ -71,6 +73,29 @@ private:
         if (executable)
             permissions |= QFile::ExeOwner;
         QVERIFY(QFile::setPermissions(path, permissions));
+    }
+
+    // A program whose body is the given shell lines.
+    void scriptProgram(const QString& name, const QString& body)
+    {
+        const QString path = m_bin + QLatin1Char('/') + name;
+        QFile script(path);
+        QVERIFY(script.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        script.write(QStringLiteral("#!/bin/sh\n%1\n").arg(body).toUtf8());
+        script.close();
+        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    }
+
+    // Runs a command and answers the message box it shows, at once or a little later.
+    QString messageOf(const char* command)
+    {
+        auto text = acknowledge();
+        {
+            PathOverride path(m_bin);
+            m_main->findChild<QAction*>(QString::fromLatin1(command))->trigger();
+        }
+        TestSupport::waitFor([&] { return !text->isEmpty(); }, Launcher::WatchMs + 5000);
+        return *text;
     }
 
     QString called(const QString& name)
@@ -214,6 +239,54 @@ private Q_SLOTS:
         QVERIFY(m_main->isVisible());
     }
 
+    void aFileManagerThatFailsAtOnceIsReported()
+    {
+        scriptProgram(QStringLiteral("xdg-open"), QStringLiteral("echo 'xdg-open: no method available' >&2\nexit 3"));
+        QCOMPARE(messageOf("mopenfoldttf"), QStringLiteral("Erreur, impossible d'ouvrir le répertoire..."));
+    }
+
+    void aCharacterMapThatCrashesIsReported()
+    {
+        scriptProgram(QStringLiteral("gnome-characters"), QStringLiteral("kill -SEGV $$"));
+        QCOMPARE(messageOf("mcharmap"), QStringLiteral("Erreur, CHARMAP.EXE n'est peut être pas installé sur votre ordinateur ?"));
+    }
+
+    void theWatchSaysHowTheProgramEnded_data()
+    {
+        QTest::addColumn<QString>("body");
+        QTest::addColumn<bool>("failed");
+        QTest::newRow("ends well") << "exit 0" << false;
+        QTest::newRow("ends with an error") << "/bin/sleep 0.1; exit 2" << true;
+        QTest::newRow("killed") << "kill -KILL $$" << true;
+        QTest::newRow("still running") << "echo $$ > \"$1\"; exec /bin/sleep 30" << false;
+    }
+    void theWatchSaysHowTheProgramEnded()
+    {
+        QFETCH(QString, body);
+        QFETCH(bool, failed);
+        scriptProgram(QStringLiteral("outil"), body);
+        const QString pidFile = m_calls + QStringLiteral("/outil.pid");
+        std::optional<bool> seen;
+        QObject context;
+        {
+            PathOverride path(m_bin);
+            QVERIFY(Launcher::StartWatched(QStringLiteral("outil"), {pidFile}, &context, [&](bool f) { seen = f; }, 600));
+        }
+        QVERIFY(TestSupport::waitFor([&] { return seen.has_value(); }, 10000));
+        QCOMPARE(*seen, failed);
+        if (QFile::exists(pidFile)) {
+            // A program still running when the watch ends runs on, on its own.
+            const pid_t pid = readAll(pidFile).trimmed().toInt();
+            QVERIFY(pid > 0);
+            QCOMPARE(::kill(pid, 0), 0);
+            ::kill(pid, SIGTERM);
+        }
+        {
+            PathOverride path(m_bin);
+            QVERIFY(!Launcher::StartWatched(QStringLiteral("absent"), {}, &context, [](bool) {}));
+        }
+    }
+
     void theLauncherUsesArgumentListsNotAShell()
     {
         fakeProgram(QStringLiteral("xdg-open"));
@@ -223,6 +296,17 @@ private Q_SLOTS:
             QVERIFY(Launcher::Start(QStringLiteral("xdg-open"), {QStringLiteral("a b; touch pwned"), QStringLiteral("$(id)")}));
             QVERIFY(!Launcher::Start(QStringLiteral("absent")));
             QCOMPARE(Launcher::FirstInstalled({QStringLiteral("absent")}), QString());
+        }
+        QCOMPARE(called(QStringLiteral("xdg-open")), QStringLiteral("a b; touch pwned\n$(id)\n"));
+        QVERIFY(!QFile::exists(QStringLiteral("pwned")));
+        // Watched, the arguments are passed as they are too.
+        resetPrograms();
+        fakeProgram(QStringLiteral("xdg-open"));
+        QObject context;
+        {
+            PathOverride path(m_bin);
+            QVERIFY(Launcher::StartWatched(QStringLiteral("xdg-open"), {QStringLiteral("a b; touch pwned"), QStringLiteral("$(id)")},
+                                           &context, [](bool) {}));
         }
         QCOMPARE(called(QStringLiteral("xdg-open")), QStringLiteral("a b; touch pwned\n$(id)\n"));
         QVERIFY(!QFile::exists(QStringLiteral("pwned")));

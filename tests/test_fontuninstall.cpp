@@ -272,7 +272,7 @@ private Q_SLOTS:
         FontUninstall window;
         window.show();
         selectFamilies(&window, {QStringLiteral("Glyphora Essai Un")});
-        QCOMPARE(uninstallAnswering(&window, QMessageBox::No), QStringLiteral("Etes vous certain(e) ?"));
+        QCOMPARE(uninstallAnswering(&window, QMessageBox::No), QStringLiteral("Êtes-vous certain(e) ?"));
         QVERIFY(QFile::exists(path));
         QCOMPARE(window.List1->topLevelItemCount(), 1);
         QVERIFY(window.RemovedFiles().isEmpty());
@@ -302,7 +302,7 @@ private Q_SLOTS:
         });
         main.findChild<QAction*>(QStringLiteral("mdesinst"))->trigger();
 
-        QCOMPARE(question, QStringLiteral("Etes vous certain(e) ?"));
+        QCOMPARE(question, QStringLiteral("Êtes-vous certain(e) ?"));
         QCOMPARE(afterRemoval, QStringList{QStringLiteral("Glyphora Essai Deux|Regular|deux.ttf")});
         // Gone from the main list, which was loaded again; the other font stays.
         QVERIFY(!listed(main).contains(QStringLiteral("Glyphora Essai Un")));
@@ -360,7 +360,7 @@ private Q_SLOTS:
         window.show();
         QCOMPARE(window.List1->topLevelItemCount(), 0);
         QCOMPARE(window.Label2->text(),
-                 QStringLiteral("Vous n'avez installé aucune police vous même (répertoire %1).").arg(fontsFolder()));
+                 QStringLiteral("Vous n'avez installé aucune police vous-même (répertoire %1).").arg(fontsFolder()));
         QVERIFY(!window.Command1->isEnabled());
         // The system's fonts are never offered.
         QVERIFY(!EnumFont::families().isEmpty());

@@ -149,7 +149,7 @@ private Q_SLOTS:
         chooseFile(bad);
         MessageCatcher messages;
         m_main->mimgfond_Click();
-        QCOMPARE(messages.texts, QStringList{QStringLiteral("Erreur, impossible de lire l'image \"%1\". Le fichier est peut "
+        QCOMPARE(messages.texts, QStringList{QStringLiteral("Erreur, impossible de lire l'image \"%1\". Le fichier est peut-"
                                                             "être endommagé ou d'un format inconnu.").arg(bad)});
         QVERIFY(!m_main->findChild<FtstImg*>());
         QCOMPARE(debut::LastFolder, QStringLiteral("/avant/"));

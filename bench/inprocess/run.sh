@@ -5,7 +5,8 @@
 # thread), the RTF and HTML sheets against an in-memory copy of their size (and their
 # write time), the preview of one uninstalled file, the TrueType and OpenType names read
 # by Glyphora's reader against FreeType, the font list's filter and the typographic details
-# window; then, once, a folder of a thousand TrueType files previewed in turn (small
+# window, the PDF of the whole font list and a comparison of 20 fonts redrawn after a
+# size change; then, once, a folder of a thousand TrueType files previewed in turn (small
 # tier), WOFF2 against TTF previews, the details sample re-drawn after a slider move, and
 # hostile font files.
 # Each benchmark runs in a fresh process. Usage: bench/inprocess/run.sh [tier...]
@@ -18,7 +19,7 @@ tiers=("$@")
 
 cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DGLYPHORA_BENCH=ON -DBUILD_TESTING=OFF >/dev/null
 cmake --build build-bench -j "$(nproc)" --target browserbench sheetbench previewbench hostilebench \
-  bench_fontnames bench_faces filterbench detailsbench webfontbench >/dev/null
+  bench_fontnames bench_faces filterbench detailsbench webfontbench proofbench >/dev/null
 
 config=$(mktemp -d)
 trap 'rm -rf "$config"' EXIT
@@ -63,6 +64,9 @@ for tier in "${tiers[@]}"; do
     echo "== $tier $bench"
     run "$b/inprocess/filterbench" --benchmark_filter="^$bench"
   done
+  echo "== $tier proofs: PDF of the whole list (MB = size of the PDF), 20 fonts redrawn after a size change"
+  run "$b/inprocess/proofbench" --benchmark_filter=BM_ListPdf
+  run "$b/inprocess/proofbench" --benchmark_filter=BM_CompareSizeChange
   echo "== $tier TrueType names (sfntOnly:1 = .ttf/.otf files)"
   run "$b/bench_fontnames" --benchmark_filter='sfntOnly:1'
   echo "== $tier OpenType and collection names, every face"

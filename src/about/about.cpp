@@ -1,8 +1,10 @@
 // About box: tabs, version lines, links and the donation text.
 #include "about/about.h"
 
+#include "about/versionlinedelegate.h"
 #include "app/splash.h"
 #include "components/cmdialog.h"
+#include "components/errorreport.h"
 #include "components/version.h"
 
 #include <QHBoxLayout>
@@ -78,6 +80,7 @@ about::about(QWidget* parent) : QDialog(parent)
     FrmGlyphora = buildPresentation();
     List1 = new QListWidget;
     List1->setObjectName(QStringLiteral("List1"));
+    List1->setItemDelegate(new VersionLineDelegate(List1));
     FrmCancer = buildCancer();
     FrmDonation = buildDonation();
     Text1 = new QTextEdit;
@@ -105,9 +108,10 @@ about::about(QWidget* parent) : QDialog(parent)
     buttons->addWidget(Command1);
     layout->addLayout(buttons);
 
-    connect(TabStrip1, &QTabBar::currentChanged, this, [this](int index) { TabStrip1_Click(index + 1); });
-    connect(Command1, &QPushButton::clicked, this, &about::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &about::Command2_Click);
+    connect(TabStrip1, &QTabBar::currentChanged, this,
+            [this](int index) { ErrorReport::guard([&] { TabStrip1_Click(index + 1); }); });
+    ErrorReport::connect(Command1, &QPushButton::clicked, this, &about::Command1_Click);
+    ErrorReport::connect(Command2, &QPushButton::clicked, this, &about::Command2_Click);
     TabStrip1_Click(1);
 }
 
@@ -213,7 +217,7 @@ void about::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QDialog::setVisible(visible);
 }

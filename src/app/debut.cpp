@@ -20,6 +20,7 @@ void Main()
 
 void Main(const QStringList& files)
 {
+    Settings::CheckReadable(); // before the first setting is read
     const QString thanks = Settings::GetSetting(QStringLiteral("Glyphora"), QStringLiteral("Donation"),
                                                 QStringLiteral("Merci"), QString());
     if (thanks.isEmpty()) {

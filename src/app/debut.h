@@ -18,5 +18,15 @@ inline QString CurrentFaceName;   // the font selected in the main window's list
 inline QString CurrentPrinterName; // the default printer, read when the main window loads
 inline QString LastFolder;        // folder of the last picture chosen
 inline QString PicturePath;       // the picture chosen for the rotated sample
+inline QStringList ShownFaces;    // the last fonts shown in the main window, most recent first
+
+// Puts a font shown in the main window at the head of ShownFaces (six are kept).
+inline void noteShownFace(const QString& face)
+{
+    ShownFaces.removeAll(face);
+    ShownFaces.prepend(face);
+    while (ShownFaces.size() > 6)
+        ShownFaces.removeLast();
+}
 
 } // namespace debut

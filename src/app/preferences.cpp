@@ -4,6 +4,7 @@
 #include "browser/samplebox.h"
 #include "components/colorvalue.h"
 #include "components/conversions.h"
+#include "components/errorreport.h"
 #include "components/msgbox.h"
 #include "components/runtimeerror.h"
 #include "components/settings.h"
@@ -21,9 +22,28 @@ QString read(const QString& key, const QString& def)
     return Settings::GetSetting(app, param, key, def);
 }
 
+int16_t readInt16(const QString& key, int16_t def)
+{
+    return Settings::GetInt16(param, key, def);
+}
+
 void write(const QString& key, const QString& value)
 {
     Settings::SaveSetting(app, param, key, value);
+}
+
+// "TaillePol", which must also select one of the size box's entries (from 4: entry
+// size - 4); -1 selects none. One error scope says both.
+int storedSize(int entries)
+{
+    const QString text = read(QStringLiteral("TaillePol"), QStringLiteral("15"));
+    const auto scope = ErrorReport::Doing::setting(param, QStringLiteral("TaillePol"), text,
+                                                   QStringLiteral("n'est pas un nombre"),
+                                                   QStringLiteral("n'est pas une taille de 4 à 120"));
+    const int size = Conversions::toInt16(text);
+    if (size - 4 < -1 || size - 4 >= entries)
+        throw RuntimeError(380, QStringLiteral("Combo1"), QStringLiteral("Valeur de propriété incorrecte"));
+    return size;
 }
 
 } // namespace
@@ -54,15 +74,15 @@ void tglyphora::msavepref_Click()
 
 void tglyphora::restorePreferences()
 {
-    if (!Conversions::toBool(read(QStringLiteral("pref"), Conversions::boolText(false))))
+    if (!Settings::GetBool(param, QStringLiteral("pref"), false))
         return;
 
-    setButtonValue(BoldButton, Conversions::toInt16(read(QStringLiteral("Gras"), QStringLiteral("0"))));
-    setButtonValue(ItalicButton, Conversions::toInt16(read(QStringLiteral("Italique"), QStringLiteral("0"))));
-    setButtonValue(StrikeButton, Conversions::toInt16(read(QStringLiteral("Barre"), QStringLiteral("0"))));
-    setButtonValue(UnderlineButton, Conversions::toInt16(read(QStringLiteral("Souligne"), QStringLiteral("0"))));
+    setButtonValue(BoldButton, readInt16(QStringLiteral("Gras"), 0));
+    setButtonValue(ItalicButton, readInt16(QStringLiteral("Italique"), 0));
+    setButtonValue(StrikeButton, readInt16(QStringLiteral("Barre"), 0));
+    setButtonValue(UnderlineButton, readInt16(QStringLiteral("Souligne"), 0));
 
-    switch (Conversions::toInt16(read(QStringLiteral("Align"), QStringLiteral("0")))) {
+    switch (readInt16(QStringLiteral("Align"), 0)) {
     case 0:
         setButtonValue(8, 1);
         alignLeft();
@@ -79,22 +99,20 @@ void tglyphora::restorePreferences()
         break;
     }
 
-    const qint32 text = Conversions::toInt32(read(QStringLiteral("CoulTxt"), QString::number(ColorValue::fromColor(Text1->ForeColor()))));
+    const qint32 text = Settings::GetInt32(param, QStringLiteral("CoulTxt"), qint32(ColorValue::fromColor(Text1->ForeColor())));
     Text1->setForeColor(ColorValue::toColor(text));
     Text2->setForeColor(ColorValue::toColor(text));
-    const qint32 back = Conversions::toInt32(read(QStringLiteral("CoulFond"), QString::number(ColorValue::fromColor(Text1->BackColor()))));
+    const qint32 back = Settings::GetInt32(param, QStringLiteral("CoulFond"), qint32(ColorValue::fromColor(Text1->BackColor())));
     Text1->setBackColor(ColorValue::toColor(back));
     Text2->setBackColor(ColorValue::toColor(back));
 
-    const int size = Conversions::toInt16(read(QStringLiteral("TaillePol"), QStringLiteral("15")));
+    const int size = storedSize(Combo1->count());
     for (SampleBox* box : {Text1, Text2}) {
         QFont font = box->font();
         if (size > 0)
             font.setPointSize(size);
         box->setFont(font);
     }
-    if (size - 4 < -1 || size - 4 >= Combo1->count())
-        throw RuntimeError(380, QStringLiteral("Combo1"), QStringLiteral("Valeur de propriété incorrecte"));
     Combo1->setCurrentIndex(size - 4);
 
     Text1->setText(read(QStringLiteral("Texte1"), Text1->text()));

@@ -1,5 +1,6 @@
 // Splash window: the title picture and two red lines asking for a donation.
 #include "app/splash.h"
+#include "components/errorreport.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -46,7 +47,7 @@ Splash::Splash(QWidget* parent) : QDialog(parent)
     Timer1->setInterval(4000);
     Timer1->setTimerType(Qt::PreciseTimer); // four seconds, not "about four"
     Timer1->setSingleShot(false);
-    connect(Timer1, &QTimer::timeout, this, &Splash::Timer1_Timer);
+    ErrorReport::connect(Timer1, &QTimer::timeout, this, &Splash::Timer1_Timer);
     Timer1->start(); // enabled from the moment the window is loaded
 }
 

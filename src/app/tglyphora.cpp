@@ -2,11 +2,16 @@
 #include "app/tglyphora.h"
 
 #include "app/debut.h"
+#include "app/recovery.h"
 #include "app/toolicons.h"
+#include "app/windowstate.h"
 #include "browser/fontlistfilter.h"
 #include "browser/samplebox.h"
+#include "browser/scriptnotice.h"
 #include "components/conversions.h"
 #include "components/ctlebsplitter.h"
+#include "components/statuspanels.h"
+#include "components/errorreport.h"
 #include "components/printer.h"
 #include "components/runtimeerror.h"
 #include "components/settings.h"
@@ -100,7 +105,7 @@ tglyphora::tglyphora(QWidget* parent) : QMainWindow(parent)
     Timer1 = new QTimer(this);
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(1000);
-    connect(Timer1, &QTimer::timeout, this, &tglyphora::Timer1_Timer);
+    ErrorReport::connect(Timer1, &QTimer::timeout, this, &tglyphora::Timer1_Timer);
 
     buildWorkArea();
     buildMenus();
@@ -115,6 +120,9 @@ FontListHeader::FontListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, pa
     // A fixed minimum keeps the header from measuring the widest glyph of every
     // fallback font, which costs tens of milliseconds with thousands of fonts.
     setMinimumSectionSize(24);
+    // Left-aligned like the rows below: a centred title wider than a narrow list would
+    // lose its first letters as well as its last.
+    setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 QSize FontListHeader::sectionSizeFromContents(int logicalIndex) const
@@ -152,25 +160,25 @@ void tglyphora::buildMenus()
     mnupol->setObjectName(QStringLiteral("mnupol"));
     auto* elem = addItem(mnupol, "ElemPol_0", QStringLiteral("police"));
     m_elemPol.append(elem);
-    connect(elem, &QAction::triggered, this, [this] { ElemPol_Click(0); });
+    connect(elem, &QAction::triggered, this, ErrorReport::guarded([this] { ElemPol_Click(0); }));
     buildFontListMenu(mnupol);
 
     mdivers = menuBar()->addMenu(QStringLiteral("&Divers"));
     mdivers->setObjectName(QStringLiteral("mdivers"));
-    connect(addItem(mdivers, "mvisboucle", QStringLiteral("Visualisation en &boucle")), &QAction::triggered, this, &tglyphora::mvisboucle_Click);
-    connect(addItem(mdivers, "mcharmap", QStringLiteral("&Table de caractères Windows...")), &QAction::triggered, this, &tglyphora::mcharmap_Click);
-    connect(addItem(mdivers, "mautretable", QStringLiteral("Une &autre table de caractères...")), &QAction::triggered, this, &tglyphora::mautretable_Click);
-    connect(addItem(mdivers, "mpagtst", QStringLiteral("&Imprimer une page de test...")), &QAction::triggered, this, &tglyphora::mpagtst_Click);
-    connect(addItem(mdivers, "mcreatefile", QStringLiteral("Sauvegarder la liste des polices vers un &fichier...")), &QAction::triggered, this, &tglyphora::mcreatefile_Click);
-    connect(addItem(mdivers, "mimpnames", QStringLiteral("Imprimer la &liste des polices")), &QAction::triggered, this, &tglyphora::mimpnames_Click);
-    connect(addItem(mdivers, "mopenfoldttf", QStringLiteral("&Ouvrir le répertoire des polices...")), &QAction::triggered, this, &tglyphora::mopenfoldttf_Click);
-    connect(addItem(mdivers, "mdesinst", QStringLiteral("&Désinstallation de polices")), &QAction::triggered, this, &tglyphora::mdesinst_Click);
-    connect(addItem(mdivers, "mimgfond", QStringLiteral("Tester la police avec une &image de fond")), &QAction::triggered, this, &tglyphora::mimgfond_Click);
-    connect(addItem(mdivers, "mclipboard", QStringLiteral("&Copier le nom dans le presse papiers")), &QAction::triggered, this, &tglyphora::mclipboard_Click);
-    connect(addItem(mdivers, "mHTML", QStringLiteral("Créer la commande HTML de sélection de la police")), &QAction::triggered, this, &tglyphora::mHTML_Click);
-    connect(addItem(mdivers, "minfos", QStringLiteral("Infos sur la police...")), &QAction::triggered, this, &tglyphora::minfos_Click);
-    connect(addItem(mdivers, "mobtain", QStringLiteral("Obtenir le nom des polices...")), &QAction::triggered, this, &tglyphora::mobtain_Click);
-    connect(addItem(mdivers, "mpreview", QStringLiteral("Prévisualiser des polices non installées...")), &QAction::triggered, this, &tglyphora::mpreview_Click);
+    ErrorReport::connect(addItem(mdivers, "mvisboucle", QStringLiteral("Visualisation en &boucle")), &QAction::triggered, this, &tglyphora::mvisboucle_Click);
+    ErrorReport::connect(addItem(mdivers, "mcharmap", QStringLiteral("&Table de caractères Windows...")), &QAction::triggered, this, &tglyphora::mcharmap_Click);
+    ErrorReport::connect(addItem(mdivers, "mautretable", QStringLiteral("Une &autre table de caractères...")), &QAction::triggered, this, &tglyphora::mautretable_Click);
+    ErrorReport::connect(addItem(mdivers, "mpagtst", QStringLiteral("&Imprimer une page de test...")), &QAction::triggered, this, &tglyphora::mpagtst_Click);
+    ErrorReport::connect(addItem(mdivers, "mcreatefile", QStringLiteral("Sauvegarder la liste des polices vers un &fichier...")), &QAction::triggered, this, &tglyphora::mcreatefile_Click);
+    ErrorReport::connect(addItem(mdivers, "mimpnames", QStringLiteral("Imprimer la &liste des polices")), &QAction::triggered, this, &tglyphora::mimpnames_Click);
+    ErrorReport::connect(addItem(mdivers, "mopenfoldttf", QStringLiteral("&Ouvrir le répertoire des polices...")), &QAction::triggered, this, &tglyphora::mopenfoldttf_Click);
+    ErrorReport::connect(addItem(mdivers, "mdesinst", QStringLiteral("&Désinstallation de polices")), &QAction::triggered, this, &tglyphora::mdesinst_Click);
+    ErrorReport::connect(addItem(mdivers, "mimgfond", QStringLiteral("Tester la police avec une &image de fond")), &QAction::triggered, this, &tglyphora::mimgfond_Click);
+    ErrorReport::connect(addItem(mdivers, "mclipboard", QStringLiteral("&Copier le nom dans le presse papiers")), &QAction::triggered, this, &tglyphora::mclipboard_Click);
+    ErrorReport::connect(addItem(mdivers, "mHTML", QStringLiteral("Créer la commande HTML de sélection de la police")), &QAction::triggered, this, &tglyphora::mHTML_Click);
+    ErrorReport::connect(addItem(mdivers, "minfos", QStringLiteral("Infos sur la police...")), &QAction::triggered, this, &tglyphora::minfos_Click);
+    ErrorReport::connect(addItem(mdivers, "mobtain", QStringLiteral("Obtenir le nom des polices...")), &QAction::triggered, this, &tglyphora::mobtain_Click);
+    ErrorReport::connect(addItem(mdivers, "mpreview", QStringLiteral("Prévisualiser des polices non installées...")), &QAction::triggered, this, &tglyphora::mpreview_Click);
     addSeparator(mdivers, "msep1");
     auto* munite = mdivers->addMenu(QStringLiteral("Unité de &mesure"));
     munite->setObjectName(QStringLiteral("munite"));
@@ -180,24 +188,24 @@ void tglyphora::buildMenus()
         unit->setObjectName(QStringLiteral("munit_%1").arg(i));
         unit->setCheckable(true);
         m_munit.append(unit);
-        connect(unit, &QAction::triggered, this, [this, i] {
+        connect(unit, &QAction::triggered, this, ErrorReport::guarded([this, i] {
             // The handler sets the check marks itself.
             m_munit[i]->setChecked(!m_munit[i]->isChecked());
             munit_Click(i);
-        });
+        }));
     }
     addSeparator(mdivers, "msep2");
-    connect(addItem(mdivers, "msavepref", QStringLiteral("Enregistrer les préférences")), &QAction::triggered, this, &tglyphora::msavepref_Click);
+    ErrorReport::connect(addItem(mdivers, "msavepref", QStringLiteral("Enregistrer les préférences")), &QAction::triggered, this, &tglyphora::msavepref_Click);
     addSeparator(mdivers, "msep3");
     auto* quit = addItem(mdivers, "Mquit", QStringLiteral("&Quitter"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    connect(quit, &QAction::triggered, this, &tglyphora::Mquit_Click);
+    ErrorReport::connect(quit, &QAction::triggered, this, &tglyphora::Mquit_Click);
 
     auto* medit = menuBar()->addMenu(QStringLiteral("&Edition"));
     medit->setObjectName(QStringLiteral("medit"));
-    connect(addItem(medit, "malgauche", QStringLiteral("Aligner à gauche")), &QAction::triggered, this, &tglyphora::malgauche_Click);
-    connect(addItem(medit, "malcentre", QStringLiteral("Centrer")), &QAction::triggered, this, &tglyphora::malcentre_Click);
-    connect(addItem(medit, "maldrote", QStringLiteral("Aligner à droite")), &QAction::triggered, this, &tglyphora::maldrote_Click);
+    ErrorReport::connect(addItem(medit, "malgauche", QStringLiteral("Aligner à gauche")), &QAction::triggered, this, &tglyphora::malgauche_Click);
+    ErrorReport::connect(addItem(medit, "malcentre", QStringLiteral("Centrer")), &QAction::triggered, this, &tglyphora::malcentre_Click);
+    ErrorReport::connect(addItem(medit, "maldrote", QStringLiteral("Aligner à droite")), &QAction::triggered, this, &tglyphora::maldrote_Click);
     addSeparator(medit, "msep0");
     const struct { const char* name; const char* caption; Qt::Key key; void (tglyphora::*slot)(); } styles[] = {
         {"mbold", "Gras", Qt::Key_B, &tglyphora::mbold_Click},
@@ -210,7 +218,7 @@ void tglyphora::buildMenus()
         action->setShortcut(QKeySequence(Qt::CTRL | style.key));
         // The shortcut wins over the sample boxes' own Ctrl+A, Ctrl+B, ...
         action->setShortcutContext(Qt::WindowShortcut);
-        connect(action, &QAction::triggered, this, style.slot);
+        ErrorReport::connect(action, &QAction::triggered, this, style.slot);
     }
 
     // Tools that go beyond the classic menus, between "&Edition" and "&Aide".
@@ -218,15 +226,20 @@ void tglyphora::buildMenus()
     moutils->setObjectName(QStringLiteral("moutils"));
     auto* municode = addItem(moutils, "municode", QStringLiteral("Table des caractères &Unicode..."));
     municode->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
-    connect(municode, &QAction::triggered, this, &tglyphora::municode_Click);
+    ErrorReport::connect(municode, &QAction::triggered, this, &tglyphora::municode_Click);
     auto* mdetails = addItem(moutils, "mdetails", QStringLiteral("&Détails typographiques..."));
     mdetails->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
-    connect(mdetails, &QAction::triggered, this, &tglyphora::mdetails_Click);
-    connect(addItem(moutils, "minstaller", QStringLiteral("&Installer des polices...")), &QAction::triggered, this, &tglyphora::minstaller_Click);
+    ErrorReport::connect(mdetails, &QAction::triggered, this, &tglyphora::mdetails_Click);
+    auto* mcomparer = addItem(moutils, "mcomparer", QStringLiteral("Co&mparer des polices..."));
+    mcomparer->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    ErrorReport::connect(mcomparer, &QAction::triggered, this, &tglyphora::mcomparer_Click);
+    ErrorReport::connect(addItem(moutils, "mlistepdf", QStringLiteral("Enregistrer la liste des polices en &PDF...")), &QAction::triggered, this, &tglyphora::mlistepdf_Click);
+    ErrorReport::connect(addItem(moutils, "maperculiste", QStringLiteral("Aperçu de la liste avant impression")), &QAction::triggered, this, &tglyphora::maperculiste_Click);
+    ErrorReport::connect(addItem(moutils, "minstaller", QStringLiteral("&Installer des polices...")), &QAction::triggered, this, &tglyphora::minstaller_Click);
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));
     mhelp->setObjectName(QStringLiteral("mhelp"));
-    connect(addItem(mhelp, "mabout", QStringLiteral("A propos de ...")), &QAction::triggered, this, &tglyphora::mabout_Click);
+    ErrorReport::connect(addItem(mhelp, "mabout", QStringLiteral("A propos de ...")), &QAction::triggered, this, &tglyphora::mabout_Click);
 }
 
 void tglyphora::buildToolbar()
@@ -244,7 +257,7 @@ void tglyphora::buildToolbar()
     Combo1->setMaxVisibleItems(20);
     Combo1->setMinimumContentsLength(4);
     Combo1->installEventFilter(this);
-    connect(Combo1, &QComboBox::currentIndexChanged, this, &tglyphora::Combo1_Click);
+    ErrorReport::connect(Combo1, &QComboBox::currentIndexChanged, this, &tglyphora::Combo1_Click);
 
     m_alignGroup = new QActionGroup(this);
     m_alignGroup->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
@@ -257,7 +270,7 @@ void tglyphora::buildToolbar()
             action = Toolbar1->addSeparator();
         } else {
             action = Toolbar1->addAction(ToolIcons::buttonIcon(n), QString::fromUtf8(spec.hoverText));
-            connect(action, &QAction::triggered, this, [this, n] { Toolbar1_ButtonClick(n); });
+            connect(action, &QAction::triggered, this, ErrorReport::guarded([this, n] { Toolbar1_ButtonClick(n); }));
         }
         action->setObjectName(QStringLiteral("Button%1").arg(n));
         action->setToolTip(QString::fromUtf8(spec.hoverText));
@@ -276,34 +289,10 @@ void tglyphora::buildStatusBar()
     etat = statusBar();
     etat->setObjectName(QStringLiteral("état"));
     etat->setSizeGripEnabled(true);
-    const int widths[7] = {0, 90, 90, 60, 60, 80, 55};
-    for (int n = 1; n <= 7; ++n) {
-        auto* panel = new QLabel(etat);
-        panel->setObjectName(QStringLiteral("Panel%1").arg(n));
-        panel->setToolTip(QString::fromUtf8(panelHoverTexts[n - 1]));
-        panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        panel->setContentsMargins(4, 0, 4, 0);
-        if (n == 1) {
-            panel->setMinimumWidth(120);
-            etat->addWidget(panel, 1);
-        } else {
-            panel->setMinimumWidth(widths[n - 1]);
-            panel->setAlignment(n >= 6 ? Qt::AlignCenter : (Qt::AlignRight | Qt::AlignVCenter));
-            etat->addPermanentWidget(panel);
-        }
-        m_panels.append(panel);
-    }
-    auto updateClock = [this] {
-        const QDateTime now = QDateTime::currentDateTime();
-        const QLocale locale;
-        m_panels[5]->setText(locale.toString(now.date(), QLocale::ShortFormat));
-        m_panels[6]->setText(locale.toString(now.time(), QLocale::ShortFormat));
-    };
-    updateClock();
-    m_clock = new QTimer(this);
-    m_clock->setInterval(1000);
-    connect(m_clock, &QTimer::timeout, this, updateClock);
-    m_clock->start();
+    QStringList hoverTexts;
+    for (const char* text : panelHoverTexts)
+        hoverTexts.append(QString::fromUtf8(text));
+    m_panels = StatusPanels::build(etat, hoverTexts);
 }
 
 void tglyphora::buildWorkArea()
@@ -337,9 +326,10 @@ void tglyphora::buildWorkArea()
     List1->header()->setStretchLastSection(true);
     List1->installEventFilter(this);
     List1->viewport()->installEventFilter(this);
-    connect(List1, &QTreeWidget::itemClicked, this, [this] { List1_Click(); });
-    connect(List1, &QTreeWidget::itemDoubleClicked, this, [this] { List1_DblClick(); });
-    connect(List1->header(), &QHeaderView::sectionClicked, this, [this](int section) { List1_ColumnClick(section + 1); });
+    connect(List1, &QTreeWidget::itemClicked, this, ErrorReport::guarded([this] { List1_Click(); }));
+    connect(List1, &QTreeWidget::itemDoubleClicked, this, ErrorReport::guarded([this] { List1_DblClick(); }));
+    connect(List1->header(), &QHeaderView::sectionClicked, this,
+            [this](int section) { ErrorReport::guard([&] { List1_ColumnClick(section + 1); }); });
 
     ctlEBSplitter2->setObjectName(QStringLiteral("ctlEBSplitter2"));
     Text2 = new SampleBox(ctlEBSplitter2); // child 0: lower pane
@@ -355,6 +345,8 @@ void tglyphora::buildWorkArea()
     m_filtre = FontListFilter::install(List1, this);
     setTabOrder(List1, Text1);
     setTabOrder(Text1, Text2);
+    m_scriptNotice = new ScriptNotice(Text1, Text2, m_workArea);
+    connect(m_scriptNotice, &ScriptNotice::shownOrHidden, this, [this] { Form_Resize(); });
 
     PropertyBag outer;
     outer.WriteProperty(QStringLiteral("splitterpos"), 1820.0f, 0.0f);
@@ -408,11 +400,15 @@ QString tglyphora::UnitName(int code) const
 
 void tglyphora::setVisible(bool visible)
 {
-    if (visible && !m_loaded) {
+    const bool loading = visible && !m_loaded;
+    if (loading) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
+        WindowState::restore(*this);
     }
     QMainWindow::setVisible(visible);
+    if (loading)
+        WindowState::restoreSplitters(*this);
 }
 
 void tglyphora::Form_Load()
@@ -435,14 +431,14 @@ void tglyphora::Form_Load()
             afficheinfos();
     };
     try {
-        const int unit = Conversions::toInt16(Settings::GetSetting(
-            QStringLiteral("Glyphora"), QStringLiteral("Param"), QStringLiteral("unite"), QStringLiteral("6")));
+        const int unit = Settings::GetInt16(QStringLiteral("Param"), QStringLiteral("unite"), 6);
         munit_Click(unit - 1);
 
         charge();
         ShowSelectedFont();
         Timer1->stop();
         restorePreferences();
+        Recovery::restoreAndWatch(this);
     } catch (...) {
         m_holdMeasure = false;
         throw;
@@ -452,9 +448,14 @@ void tglyphora::Form_Load()
 
 void tglyphora::Form_Resize()
 {
-    // Too small or minimised is no error: the sizes just stop at zero.
-    const int height = std::max(0, m_workArea->height());
-    ctlEBSplitter1->setGeometry(0, 0, std::max(0, m_workArea->width()), height);
+    // Too small or minimised is no error: the sizes just stop at zero. The script
+    // notice, when shown, takes the bottom line.
+    const int width = std::max(0, m_workArea->width());
+    const int notice = m_scriptNotice && !m_scriptNotice->isHidden() ? m_scriptNotice->sizeHint().height() : 0;
+    const int height = std::max(0, m_workArea->height() - notice);
+    ctlEBSplitter1->setGeometry(0, 0, width, height);
+    if (notice > 0)
+        m_scriptNotice->setGeometry(0, height, width, notice);
 }
 
 void tglyphora::showContextMenu(const QPoint& globalPos)
@@ -481,7 +482,7 @@ void tglyphora::Form_KeyDown(int KeyCode, int)
 void tglyphora::keyPressEvent(QKeyEvent* event)
 {
     if ((event->modifiers() & Qt::KeypadModifier) && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Minus)) {
-        nextSize(event->key() == Qt::Key_Plus ? 1 : -1);
+        ErrorReport::guard([&] { nextSize(event->key() == Qt::Key_Plus ? 1 : -1); });
         event->accept();
         return;
     }
@@ -494,6 +495,13 @@ void tglyphora::keyPressEvent(QKeyEvent* event)
 }
 
 bool tglyphora::eventFilter(QObject* watched, QEvent* event)
+{
+    bool consumed = false;
+    ErrorReport::guard([&] { consumed = previewEvent(watched, event); });
+    return consumed || QMainWindow::eventFilter(watched, event);
+}
+
+bool tglyphora::previewEvent(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Resize:
@@ -572,7 +580,7 @@ bool tglyphora::eventFilter(QObject* watched, QEvent* event)
     default:
         break;
     }
-    return QMainWindow::eventFilter(watched, event);
+    return false;
 }
 
 void tglyphora::Form_QueryUnload()
@@ -590,6 +598,7 @@ void tglyphora::closeEvent(QCloseEvent* event)
 {
     Form_QueryUnload();
     Form_Unload();
+    WindowState::save(*this);
     QMainWindow::closeEvent(event);
 }
 
@@ -598,6 +607,7 @@ void tglyphora::Mquit_Click()
     // Ends the program at once: no closing or unloading step runs. Outside a running
     // event loop there is no program to end.
     Timer1->stop();
+    WindowState::save(*this); // the window's place is no unloading step: it is kept
     if (QThread::currentThread()->loopLevel() > 0)
         QCoreApplication::exit(0);
 }

@@ -19,6 +19,7 @@ class QToolBar;
 class QTreeWidget;
 class QTreeWidgetItem;
 class SampleBox;
+class ScriptNotice;
 class ctlEBSplitter;
 class FontListFilter;
 class FontNameDelegate;
@@ -64,6 +65,8 @@ public:
     ctlEBSplitter* ctlEBSplitter2 = nullptr;
     QMenu* mdivers = nullptr;
     QMenu* moutils = nullptr;
+    // The filter panel above the list (its family index serves other windows' filters).
+    FontListFilter* filtre() const { return m_filtre; }
 
     // The toolbar buttons that hold the style state.
     enum StyleButton { BoldButton = 12, ItalicButton = 13, UnderlineButton = 14, StrikeButton = 15 };
@@ -124,6 +127,10 @@ public Q_SLOTS:
     void municode_Click();
     void minstaller_Click();
     void mdetails_Click();
+    // proofs (output/proofcommands.cpp)
+    void mcomparer_Click();
+    void mlistepdf_Click();
+    void maperculiste_Click();
     // Menu "&Aide"
     void mabout_Click();
 
@@ -161,6 +168,8 @@ private:
     void buildStatusBar();
     void buildWorkArea();
     void showContextMenu(const QPoint& globalPos);
+    // The window's key preview and mouse handling of its controls; true when consumed.
+    bool previewEvent(QObject* watched, QEvent* event);
 
     // Font list (browser/fontlist.cpp)
     void ShowSelectedFont();
@@ -197,6 +206,7 @@ private:
     void prepareNeighbours(bool afterShow = true);
 
     QWidget* m_workArea = nullptr;
+    ScriptNotice* m_scriptNotice = nullptr; // under the samples, for faces of another script
     QActionGroup* m_alignGroup = nullptr;
     QList<QAction*> m_buttons;   // index 0 is button 1
     QList<QLabel*> m_panels;     // index 0 is panel 1
@@ -211,7 +221,6 @@ private:
     NeighbourPrep* m_neighbourPrep = nullptr;
     int m_shownRow = 0;          // row last shown and the one shown before it, for
     int m_travelFrom = 0;        // the direction of travel
-    QTimer* m_clock = nullptr;   // keeps the date and time panels current
     QStringList m_unitNames;     // index 0 is code 1
     QString m_printerName;
     int m_unite = 6;

@@ -142,6 +142,7 @@ void tglyphora::ShowSelectedFont()
     if (!item)
         throw RuntimeError::objectMissing(QStringLiteral("List1.SelectedItem"));
     debut::CurrentFaceName = item->text(0);
+    debut::noteShownFace(debut::CurrentFaceName);
 
     QFont pictureFont = Picture1->font();
     pictureFont.setFamilies({debut::CurrentFaceName});

@@ -4,6 +4,7 @@
 #include "browser/textfold.h"
 #include "browser/worker.h"
 #include "browser/writingsystems.h"
+#include "components/errorreport.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -73,7 +74,7 @@ void FontListFilter::buildControls()
     txtFiltre->setToolTip(QStringLiteral("Tapez une partie du nom : majuscules et accents sont ignorés"));
     txtFiltre->setClearButtonEnabled(true);
     txtFiltre->installEventFilter(this);
-    connect(txtFiltre, &QLineEdit::textChanged, this, [this] { txtFiltre_Change(); });
+    connect(txtFiltre, &QLineEdit::textChanged, this, ErrorReport::guarded([this] { txtFiltre_Change(); }));
 
     lblCompte = new QLabel(this);
     lblCompte->setObjectName(QStringLiteral("lblCompte"));
@@ -86,7 +87,7 @@ void FontListFilter::buildControls()
     cboGenre->installEventFilter(this);
     connect(cboGenre, &QComboBox::currentIndexChanged, this, [this](int index) {
         m_genre = FontKind::Genre(std::max(index, 0));
-        criteriaChanged();
+        ErrorReport::guard([this] { criteriaChanged(); });
     });
 
     cboEcriture = new QComboBox(this);
@@ -96,13 +97,13 @@ void FontListFilter::buildControls()
     cboEcriture->installEventFilter(this);
     connect(cboEcriture, &QComboBox::currentIndexChanged, this, [this](int index) {
         m_system = index < 0 ? -1 : cboEcriture->itemData(index).toInt();
-        criteriaChanged();
+        ErrorReport::guard([this] { criteriaChanged(); });
     });
 
     chkFavoris = new QCheckBox(QStringLiteral("Favoris seulement"), this);
     chkFavoris->setObjectName(QStringLiteral("chkFavoris"));
     chkFavoris->setToolTip(QStringLiteral("N'afficher que les polices favorites"));
-    connect(chkFavoris, &QCheckBox::toggled, this, [this] { criteriaChanged(); });
+    connect(chkFavoris, &QCheckBox::toggled, this, ErrorReport::guarded([this] { criteriaChanged(); }));
 
     for (QWidget* control : {static_cast<QWidget*>(txtFiltre), static_cast<QWidget*>(lblCompte),
                              static_cast<QWidget*>(cboGenre), static_cast<QWidget*>(cboEcriture),

@@ -38,16 +38,16 @@ void tglyphora::buildFontListMenu(QMenu* mnupol)
     auto* refresh = mnupol->addAction(QStringLiteral("Actualiser la liste des polices"));
     refresh->setObjectName(QStringLiteral("mactualiser"));
     refresh->setShortcut(QKeySequence(Qt::Key_F5));
-    connect(refresh, &QAction::triggered, this, &tglyphora::mactualiser_Click);
+    ErrorReport::connect(refresh, &QAction::triggered, this, &tglyphora::mactualiser_Click);
     auto* preview = mnupol->addAction(QStringLiteral("Afficher les noms dans leur police"));
     preview->setObjectName(QStringLiteral("mapercu"));
     preview->setCheckable(true);
-    connect(preview, &QAction::triggered, this, &tglyphora::mapercu_Click);
+    ErrorReport::connect(preview, &QAction::triggered, this, &tglyphora::mapercu_Click);
     auto* favourite = mnupol->addAction(favouriteCaption(false));
     favourite->setObjectName(QStringLiteral("mfavori"));
     favourite->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
     favourite->setShortcutContext(Qt::WindowShortcut);
-    connect(favourite, &QAction::triggered, this, &tglyphora::mfavori_Click);
+    ErrorReport::connect(favourite, &QAction::triggered, this, &tglyphora::mfavori_Click);
     mnupol->addSeparator()->setObjectName(QStringLiteral("msep5"));
 
     // The filter's moves of the selection show the font as a click would.
@@ -57,9 +57,9 @@ void tglyphora::buildFontListMenu(QMenu* mnupol)
         Panel(4)->setText(number > 0 ? QString::number(number) : QString());
     });
     connect(m_filtre, &FontListFilter::noFont, this, [this] { Panel(4)->clear(); });
-    connect(List1, &QTreeWidget::currentItemChanged, this, [this] { updateFavouriteCaption(); });
+    connect(List1, &QTreeWidget::currentItemChanged, this, ErrorReport::guarded([this] { updateFavouriteCaption(); }));
     // The favourites offered follow the rows of the list (charge, installs).
-    connect(List1->model(), &QAbstractItemModel::rowsInserted, this, [this] { fillFavouritesMenu(); });
+    connect(List1->model(), &QAbstractItemModel::rowsInserted, this, ErrorReport::guarded([this] { fillFavouritesMenu(); }));
 
     m_fontWatch = new FontWatch(this);
     connect(m_fontWatch, &FontWatch::fontsChanged, this, [this] { ErrorReport::guard([this] { fontsChanged(); }); });
@@ -150,7 +150,7 @@ void tglyphora::fillFavouritesMenu()
         const int index = int(m_elemPol.size());
         auto* action = m_mnupol->addAction(name);
         action->setObjectName(QStringLiteral("ElemPol_%1").arg(index));
-        connect(action, &QAction::triggered, this, [this, index] { ElemPol_Click(index); });
+        connect(action, &QAction::triggered, this, ErrorReport::guarded([this, index] { ElemPol_Click(index); }));
         m_elemPol.append(action);
     }
 }

@@ -2,6 +2,7 @@
 #include "app/tglyphora.h"
 
 #include "browser/samplebox.h"
+#include "browser/scriptnotice.h"
 #include "components/cmdialog.h"
 #include "components/conversions.h"
 
@@ -22,6 +23,7 @@ void tglyphora::applyFaceAndStyles(const QString& faceName)
         font.setUnderline(ButtonValue(UnderlineButton) != 0);
         box->setFont(font);
     }
+    m_scriptNotice->faceChanged(faceName);
 }
 
 static void setFontFlag(SampleBox* box, void (QFont::*setter)(bool), bool on)

@@ -3,6 +3,7 @@
 
 #include "browser/fontlistfilter.h"
 #include "components/conversions.h"
+#include "components/errorreport.h"
 #include "components/runtimeerror.h"
 
 #include <QInputDialog>
@@ -25,8 +26,12 @@ void tglyphora::mvisboucle_Click()
     const double seconds = Conversions::leadingNumber(answer);
     if (seconds != 0) {
         const double interval = Conversions::roundHalfEven(seconds * 1000.0);
-        if (interval < 0 || interval > 65535)
-            throw RuntimeError(380, QStringLiteral("Timer1"), QStringLiteral("Valeur de propriété incorrecte"));
+        if (interval < 0 || interval > 65535) {
+            const ErrorReport::Doing starting(QStringLiteral("Visualisation en boucle avec « ") + answer
+                                              + QStringLiteral(" » secondes d'attente"));
+            throw RuntimeError(380, QStringLiteral("Timer1"), QStringLiteral("Valeur de propriété incorrecte"))
+                .setReason(QStringLiteral("l'attente doit être comprise entre 0 et 65,535 secondes"));
+        }
         Timer1->setInterval(static_cast<int>(interval));
     }
     m_slidePosition = 0;

@@ -1,11 +1,14 @@
 // Common dialogs through Qt's own (non-native) dialogs so they behave alike everywhere.
 #include "components/cmdialog.h"
 
+#include "components/frenchfiletypes.h"
+
 #include <QColorDialog>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QUrl>
 #include <QWidget>
 
@@ -61,10 +64,13 @@ QString ShowFileDialog(QWidget* owner, int mode, const QString& title, const QSt
     QFileDialog dialog(owner, title);
     dialog.setObjectName(QStringLiteral("FileDialog"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setIconProvider(FrenchFileTypes::instance());
     const QStringList filters = NameFilters(filter);
     if (!filters.isEmpty())
         dialog.setNameFilters(filters); // the first pair is selected
-    if (!initialDir.isEmpty())
+    if (mode != ModeOpen)
+        dialog.setDirectory(SaveFolder(initialDir));
+    else if (!initialDir.isEmpty())
         dialog.setDirectory(QDir(initialDir).absolutePath());
     dialog.setDefaultSuffix(defaultExt);
     if (mode == ModeOpen) {
@@ -81,6 +87,21 @@ QString ShowFileDialog(QWidget* owner, int mode, const QString& title, const QSt
         return QString();
     const QStringList files = dialog.selectedFiles();
     return files.isEmpty() ? QString() : QDir::toNativeSeparators(files.first());
+}
+
+QString SaveFolder(const QString& initialDir)
+{
+    const auto writableFolder = [](const QString& path) {
+        const QFileInfo folder(path);
+        return !path.isEmpty() && folder.isDir() && folder.isWritable();
+    };
+    const QString wanted = QDir(initialDir.isEmpty() ? QStringLiteral(".") : initialDir).absolutePath();
+    if (writableFolder(wanted))
+        return wanted;
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (writableFolder(documents))
+        return documents;
+    return QDir::homePath();
 }
 
 bool ShellOpen(const QString& target)

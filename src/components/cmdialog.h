@@ -25,6 +25,11 @@ bool ShowColor(QWidget* owner, QWidget* control);
 QString ShowFileDialog(QWidget* owner, int mode, const QString& title, const QString& initialName,
                        const QString& filter, const QString& initialDir, const QString& defaultExt);
 
+// The folder a save dialog starts in: the given one when it can be written to, else the
+// user's documents folder, else the home folder. The process's current folder is not
+// changed.
+QString SaveFolder(const QString& initialDir);
+
 // Hands a document path, web address or "mailto:" address to the desktop.
 bool ShellOpen(const QString& target);
 

@@ -1,6 +1,7 @@
 // Printer: QPrinter on the default CUPS queue, created on first use.
 #include "components/printer.h"
 
+#include "components/pageflow.h"
 #include "components/runtimeerror.h"
 #include "components/scalemode.h"
 
@@ -72,16 +73,27 @@ bool Printer::isInstalled()
     return !DeviceName().isEmpty();
 }
 
+std::unique_ptr<QPrinter> Printer::newDevice()
+{
+    std::unique_ptr<QPrinter> printer;
+    if (isInstalled())
+        printer = std::make_unique<QPrinter>(m_info, QPrinter::HighResolution);
+    else
+        printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(m_documentName);
+    return printer;
+}
+
 QPrinter& Printer::device()
 {
-    if (!m_printer) {
-        if (isInstalled())
-            m_printer = std::make_unique<QPrinter>(m_info, QPrinter::HighResolution);
-        else
-            m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-        m_printer->setDocName(m_documentName);
-    }
+    if (!m_printer)
+        m_printer = newDevice();
     return *m_printer;
+}
+
+QPageLayout Printer::pageLayout()
+{
+    return device().pageLayout();
 }
 
 void Printer::setDocumentName(const QString& name)
@@ -110,36 +122,17 @@ int Printer::resolution()
     return device().resolution();
 }
 
-// CR LF, LF and CR each end a line. Written out rather than with a shared regular
-// expression because the measuring thread splits texts too.
-static QStringList splitLines(const QString& text)
-{
-    QStringList lines;
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c != QLatin1Char('\r') && c != QLatin1Char('\n'))
-            continue;
-        lines.append(text.mid(start, i - start));
-        if (c == QLatin1Char('\r') && i + 1 < text.size() && text[i + 1] == QLatin1Char('\n'))
-            ++i;
-        start = i + 1;
-    }
-    lines.append(text.mid(start));
-    return lines;
-}
-
 double Printer::widestLine(const QFontMetricsF& metrics, const QString& text)
 {
     double widest = 0;
-    for (const QString& line : splitLines(text))
+    for (const QString& line : PageFlow::splitLines(text))
         widest = std::max(widest, metrics.horizontalAdvance(line));
     return widest;
 }
 
 double Printer::linesHeight(const QFontMetricsF& metrics, const QString& text)
 {
-    return metrics.lineSpacing() * static_cast<double>(splitLines(text).size());
+    return metrics.lineSpacing() * static_cast<double>(PageFlow::splitLines(text).size());
 }
 
 double Printer::TextWidth(const QString& text)
@@ -165,34 +158,30 @@ void Printer::beginDocument()
     auto painter = std::make_unique<QPainter>();
     if (!painter->begin(&device()))
         throw RuntimeError::printerError(QStringLiteral("Printer"));
+    QPrinter* printer = &device();
+    const QRect page = printer->pageLayout().paintRectPixels(printer->resolution());
+    m_flow = std::make_unique<PageFlow>(*painter, page.width(), page.height(), [printer] { printer->newPage(); });
     m_painter = std::move(painter);
-    m_y = 0;
+}
+
+PageFlow& Printer::flow()
+{
+    beginDocument();
+    return *m_flow;
 }
 
 void Printer::Print(const QString& text)
 {
-    beginDocument();
-    QPrinter& printer = device();
-    m_painter->setFont(m_font);
-    const QFontMetricsF metrics(m_font, &printer);
-    const double pageHeight = printer.pageLayout().paintRectPixels(printer.resolution()).height();
-    for (const QString& line : splitLines(text)) {
-        if (m_y > 0 && m_y + metrics.height() > pageHeight) {
-            printer.newPage();
-            m_y = 0;
-        }
-        m_painter->drawText(QPointF(0, m_y + metrics.ascent()), line);
-        m_y += metrics.lineSpacing();
-    }
+    flow().printLines(m_font, text);
 }
 
 void Printer::EndDoc()
 {
     if (!m_painter)
         return;
+    m_flow.reset();
     m_painter->end();
     m_painter.reset();
-    m_y = 0;
 }
 
 void Printer::reset()

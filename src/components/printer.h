@@ -10,6 +10,8 @@
 #include <memory>
 
 class QFontMetricsF;
+class PageFlow;
+class QPageLayout;
 class QPainter;
 class QPaintDevice;
 class QPrinter;
@@ -55,6 +57,14 @@ public:
     // Sends the open document, if any, to the printer.
     void EndDoc();
     bool hasOpenDocument() const { return m_painter != nullptr; }
+    // The open document's page flow (the document is opened if need be), for pages
+    // drawn by other code in the same document. Throws like beginDocument.
+    PageFlow& flow();
+
+    // The printer's page layout, and a fresh device on the same printer (for a print
+    // preview or a separate job), with the same resolution and document name.
+    QPageLayout pageLayout();
+    std::unique_ptr<QPrinter> newDevice();
 
     // The title the print jobs carry ("Glyphora" unless changed); it names the job in
     // the queue and the file a PDF queue writes. Takes effect from the next document.
@@ -79,10 +89,10 @@ private:
 
     std::unique_ptr<QPrinter> m_printer;
     std::unique_ptr<QPainter> m_painter;
+    std::unique_ptr<PageFlow> m_flow;
     QString m_deviceName;
     bool m_resolved = false;
     QString m_documentName = QStringLiteral("Glyphora");
     QFont m_font;
     int m_scaleMode = 1;
-    double m_y = 0; // next line's top, in device pixels
 };

@@ -20,6 +20,8 @@ QFont StdFont::toQFont() const
     font.setItalic(m_italic);
     font.setUnderline(m_underline);
     font.setStrikeOut(m_strikethrough);
+    // What is drawn is this face's own glyphs, never another font's.
+    font.setStyleStrategy(QFont::NoFontMerging);
     return font;
 }
 

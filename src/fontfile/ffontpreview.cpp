@@ -3,6 +3,7 @@
 #include "fontfile/ffontpreview.h"
 
 #include "components/boundedfile.h"
+#include "components/errorreport.h"
 #include "components/msgbox.h"
 #include "components/runtimeerror.h"
 #include "components/stdfont.h"
@@ -70,12 +71,12 @@ FFontPreview::FFontPreview(QWidget* parent) : QDialog(parent)
     VScroll1->setObjectName(QStringLiteral("VScroll1"));
     VScroll1->setRange(0, 0);
 
-    connect(Drive1, &DriveListBox::Change, this, &FFontPreview::Drive1_Change);
-    connect(Dir1, &DirListBox::Change, this, &FFontPreview::Dir1_Change);
-    connect(File1, &FileListBox::Click, this, &FFontPreview::File1_Click);
-    connect(Timer1, &QTimer::timeout, this, &FFontPreview::Timer1_Timer);
-    connect(cboType, &QComboBox::currentIndexChanged, this, &FFontPreview::cboType_Click);
-    connect(cmdInstaller, &QPushButton::clicked, this, &FFontPreview::cmdInstaller_Click);
+    ErrorReport::connect(Drive1, &DriveListBox::Change, this, &FFontPreview::Drive1_Change);
+    ErrorReport::connect(Dir1, &DirListBox::Change, this, &FFontPreview::Dir1_Change);
+    ErrorReport::connect(File1, &FileListBox::Click, this, &FFontPreview::File1_Click);
+    ErrorReport::connect(Timer1, &QTimer::timeout, this, &FFontPreview::Timer1_Timer);
+    ErrorReport::connect(cboType, &QComboBox::currentIndexChanged, this, &FFontPreview::cboType_Click);
+    ErrorReport::connect(cmdInstaller, &QPushButton::clicked, this, &FFontPreview::cmdInstaller_Click);
     connect(Picture1, &PictureBox::ContentHeightChanged, this, [this] { updateScrollRange(); });
     connect(Picture1, &PictureBox::ScrollYChanged, this, [this](int y) {
         const QSignalBlocker quiet(VScroll1);
@@ -94,7 +95,7 @@ void FFontPreview::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QDialog::setVisible(visible);
 }

@@ -1,6 +1,7 @@
 // Drive, folder and file lists over QDir and QStorageInfo.
 #include "fontfile/filelists.h"
 
+#include "components/errorreport.h"
 #include "components/runtimeerror.h"
 #include "fontfile/fonttypes.h"
 
@@ -152,7 +153,7 @@ DirListBox::DirListBox(QWidget* parent) : QListWidget(parent)
     setUniformItemSizes(true);
     m_path = QDir::currentPath();
     Refresh();
-    connect(this, &QListWidget::itemDoubleClicked, this, &DirListBox::openItem);
+    ErrorReport::connect(this, &QListWidget::itemDoubleClicked, this, &DirListBox::openItem);
 }
 
 void DirListBox::setPath(const QString& path)
@@ -221,7 +222,7 @@ void DirListBox::openItem(QListWidgetItem* item)
 void DirListBox::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        openItem(currentItem());
+        ErrorReport::guard([this] { openItem(currentItem()); });
         return;
     }
     QListWidget::keyPressEvent(event);

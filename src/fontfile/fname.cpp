@@ -2,6 +2,7 @@
 // file name, which works because choosing a folder made it the current one.
 #include "fontfile/fname.h"
 
+#include "components/errorreport.h"
 #include "components/runtimeerror.h"
 #include "fontfile/filelists.h"
 #include "fontfile/fontregistration.h"
@@ -52,12 +53,12 @@ FName::FName(QWidget* parent) : QDialog(parent)
     grid->addLayout(buttons, 4, 0, 1, 2);
     grid->setRowStretch(1, 1);
 
-    connect(Drive1, &DriveListBox::Change, this, &FName::Drive1_Change);
-    connect(Dir1, &DirListBox::Change, this, &FName::Dir1_Change);
-    connect(File1, &FileListBox::DblClick, this, &FName::File1_DblClick);
-    connect(Command2, &QPushButton::clicked, this, &FName::Command2_Click);
-    connect(Command1, &QPushButton::clicked, this, &FName::Command1_Click);
-    connect(cboType, &QComboBox::currentIndexChanged, this, &FName::cboType_Click);
+    ErrorReport::connect(Drive1, &DriveListBox::Change, this, &FName::Drive1_Change);
+    ErrorReport::connect(Dir1, &DirListBox::Change, this, &FName::Dir1_Change);
+    ErrorReport::connect(File1, &FileListBox::DblClick, this, &FName::File1_DblClick);
+    ErrorReport::connect(Command2, &QPushButton::clicked, this, &FName::Command2_Click);
+    ErrorReport::connect(Command1, &QPushButton::clicked, this, &FName::Command1_Click);
+    ErrorReport::connect(cboType, &QComboBox::currentIndexChanged, this, &FName::cboType_Click);
 }
 
 QString FName::SystemFontsFolder()
@@ -69,7 +70,7 @@ void FName::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QDialog::setVisible(visible);
 }

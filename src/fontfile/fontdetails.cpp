@@ -6,6 +6,7 @@
 #include "app/tglyphora.h"
 #include "browser/samplebox.h"
 #include "components/conversions.h"
+#include "components/errorreport.h"
 #include "fontfile/metricspicture.h"
 
 #include <QComboBox>
@@ -53,7 +54,7 @@ void FontDetails::buildControls()
 {
     lstFaces = newTree(this, "lstFaces", DetailsFields::faceHeaders());
     lstFaces->setSelectionMode(QAbstractItemView::SingleSelection);
-    connect(lstFaces, &QTreeWidget::itemSelectionChanged, this, &FontDetails::lstFaces_Click);
+    ErrorReport::connect(lstFaces, &QTreeWidget::itemSelectionChanged, this, &FontDetails::lstFaces_Click);
 
     txtIdentite = new QTextBrowser(this);
     txtIdentite->setObjectName(QStringLiteral("txtIdentite"));
@@ -108,9 +109,9 @@ QLayout* FontDetails::buildButtons()
     cmdCopierRapport->setObjectName(QStringLiteral("cmdCopierRapport"));
     cmdFermer = new QPushButton(QStringLiteral("Fermer"), this);
     cmdFermer->setObjectName(QStringLiteral("cmdFermer"));
-    connect(cmdCopierCSS, &QPushButton::clicked, this, &FontDetails::cmdCopierCSS_Click);
-    connect(cmdCopierRapport, &QPushButton::clicked, this, &FontDetails::cmdCopierRapport_Click);
-    connect(cmdFermer, &QPushButton::clicked, this, &FontDetails::cmdFermer_Click);
+    ErrorReport::connect(cmdCopierCSS, &QPushButton::clicked, this, &FontDetails::cmdCopierCSS_Click);
+    ErrorReport::connect(cmdCopierRapport, &QPushButton::clicked, this, &FontDetails::cmdCopierRapport_Click);
+    ErrorReport::connect(cmdFermer, &QPushButton::clicked, this, &FontDetails::cmdFermer_Click);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(cmdCopierCSS);
     buttons->addWidget(cmdCopierRapport);
@@ -123,7 +124,7 @@ void FontDetails::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QDialog::setVisible(visible);
 }

@@ -2,6 +2,8 @@
 // re-draw, and the two copy buttons.
 #include "fontfile/fontdetails.h"
 
+#include "components/errorreport.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -24,7 +26,7 @@ QWidget* FontDetails::buildFeaturesPage()
     lstFonctions->setUniformRowHeights(true);
     connect(lstFonctions, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
         if (column == 0)
-            lstFonctions_ItemCheck(item);
+            ErrorReport::guard([&] { lstFonctions_ItemCheck(item); });
     });
     m_noFeatures = new QLabel(QStringLiteral("Cette face n'offre aucune fonctionnalité OpenType."), page);
     m_noFeatures->setObjectName(QStringLiteral("lblSansFonctions"));
@@ -41,7 +43,7 @@ QWidget* FontDetails::buildAxesPage()
     cboInstances->setObjectName(QStringLiteral("cboInstances"));
     cboInstances->setMinimumContentsLength(24);
     cboInstances->setPlaceholderText(QStringLiteral("Position libre")); // between named instances
-    connect(cboInstances, &QComboBox::activated, this, &FontDetails::cboInstances_Click);
+    ErrorReport::connect(cboInstances, &QComboBox::activated, this, &FontDetails::cboInstances_Click);
     m_noAxes = new QLabel(QStringLiteral("Cette face n'est pas variable."), page);
     m_noAxes->setObjectName(QStringLiteral("lblSansAxes"));
     m_axesBox = new QWidget(page);
@@ -128,7 +130,7 @@ void FontDetails::fillAxes()
         m_axesGrid->addWidget(range, i, 2);
         sldAxe.append(slider);
         lblAxe.append(label);
-        connect(slider, &QSlider::valueChanged, this, [this, i] { sldAxe_Change(i); });
+        connect(slider, &QSlider::valueChanged, this, ErrorReport::guarded([this, i] { sldAxe_Change(i); }));
     }
     for (int i = 0; i < axes.size(); ++i)
         lblAxe[i]->setText(DetailsFields::axisLabel(axes[i]) + QStringLiteral(" : ")

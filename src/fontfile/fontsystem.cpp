@@ -400,4 +400,91 @@ std::optional<CharacterInfo> characterInfo(const FaceFile& file)
     return info;
 }
 
+bool Coverage::contains(char32_t code) const
+{
+    const auto after = std::upper_bound(ranges.begin(), ranges.end(), code,
+                                        [](char32_t c, const std::pair<char32_t, char32_t>& r) { return c < r.first; });
+    return after != ranges.begin() && code <= std::prev(after)->second;
+}
+
+QString Coverage::firstCharacters(int count) const
+{
+    QString text;
+    int taken = 0;
+    for (const auto& [first, last] : ranges) {
+        for (char32_t code = first; code <= last && taken < count; ++code) {
+            const QChar::Category category = QChar::category(code);
+            if (code <= 0x20 || category == QChar::Other_Control || category == QChar::Other_Format
+                || category == QChar::Separator_Space || category == QChar::Other_Surrogate
+                || category == QChar::Other_NotAssigned || category == QChar::Other_PrivateUse)
+                continue;
+            text += QString::fromUcs4(&code, 1);
+            ++taken;
+        }
+        if (taken >= count)
+            break;
+    }
+    return text;
+}
+
+namespace {
+
+std::vector<std::pair<char32_t, char32_t>> rangesOf(const FcCharSet* charset)
+{
+    std::vector<std::pair<char32_t, char32_t>> ranges;
+    FcChar32 map[FC_CHARSET_MAP_SIZE];
+    FcChar32 next = 0;
+    for (FcChar32 base = FcCharSetFirstPage(charset, map, &next); base != FC_CHARSET_DONE;
+         base = FcCharSetNextPage(charset, map, &next)) {
+        for (int word = 0; word < FC_CHARSET_MAP_SIZE; ++word) {
+            for (int bit = 0; bit < 32 && map[word]; ++bit) {
+                if (!(map[word] & (1u << bit)))
+                    continue;
+                const char32_t code = base + FcChar32(word) * 32 + FcChar32(bit);
+                if (!ranges.empty() && ranges.back().second + 1 == code)
+                    ranges.back().second = code;
+                else
+                    ranges.emplace_back(code, code);
+            }
+        }
+    }
+    return ranges;
+}
+
+} // namespace
+
+std::optional<Coverage> coverage(const QString& family)
+{
+    Pattern request(FcPatternCreate());
+    const QByteArray name = family.toUtf8();
+    FcPatternAddString(request.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(name.constData()));
+    FcConfigSubstitute(nullptr, request.get(), FcMatchPattern);
+    FcDefaultSubstitute(request.get());
+    FcResult matched = FcResultNoMatch;
+    Pattern match(FcFontMatch(nullptr, request.get(), &matched));
+    if (!match)
+        return std::nullopt;
+    // fontconfig always finds something; only a face of that very family will do.
+    bool named = false;
+    FcChar8* value = nullptr;
+    for (int i = 0; FcPatternGetString(match.get(), FC_FAMILY, i, &value) == FcResultMatch; ++i)
+        named = named || QString::fromUtf8(reinterpret_cast<const char*>(value)) == family;
+    if (!named)
+        return std::nullopt;
+    Coverage result;
+    FcCharSet* charset = nullptr;
+    if (FcPatternGetCharSet(match.get(), FC_CHARSET, 0, &charset) == FcResultMatch && charset)
+        result.ranges = rangesOf(charset);
+    FcLangSet* langs = nullptr;
+    if (FcPatternGetLangSet(match.get(), FC_LANG, 0, &langs) == FcResultMatch && langs) {
+        FcStrSet* set = FcLangSetGetLangs(langs);
+        FcStrList* list = FcStrListCreate(set);
+        while (FcChar8* lang = FcStrListNext(list))
+            result.languages.append(QString::fromUtf8(reinterpret_cast<const char*>(lang)));
+        FcStrListDone(list);
+        FcStrSetDestroy(set);
+    }
+    return result;
+}
+
 } // namespace FontSystem

@@ -11,6 +11,7 @@
 #include <QStringList>
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace FontSystem {
@@ -50,6 +51,18 @@ struct CharacterInfo {
 };
 // Read through FreeType; nullopt when the face cannot be opened.
 std::optional<CharacterInfo> characterInfo(const FaceFile& face);
+
+// What a family's regular face holds, as fontconfig knows it: the characters it maps
+// and the languages it covers.
+struct Coverage {
+    std::vector<std::pair<char32_t, char32_t>> ranges; // sorted, inclusive
+    QStringList languages;                             // fontconfig's, as "lo", "zh-cn"
+    bool contains(char32_t code) const;
+    // The first `count` characters that are drawn (no controls, no blanks).
+    QString firstCharacters(int count) const;
+};
+// nullopt when no installed or registered face has exactly that family name.
+std::optional<Coverage> coverage(const QString& family);
 
 // As matchedFace, but only when the face fontconfig picks carries that family name
 // (case-insensitively): nullopt rather than a substitute for an unknown family.

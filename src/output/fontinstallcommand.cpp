@@ -2,6 +2,7 @@
 #include "output/fontinstallcommand.h"
 
 #include "app/tglyphora.h"
+#include "components/frenchfiletypes.h"
 #include "components/msgbox.h"
 #include "fontfile/fonttypes.h"
 #include "output/fontinstall.h"
@@ -19,6 +20,7 @@ QStringList askFiles(QWidget* owner)
     QFileDialog dialog(owner, QStringLiteral("Installer des polices"));
     dialog.setObjectName(QStringLiteral("FileDialog"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setIconProvider(FrenchFileTypes::instance());
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFiles);
     QStringList filters = FontTypes::captions();

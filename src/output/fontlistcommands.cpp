@@ -5,6 +5,7 @@
 #include "browser/samplebox.h"
 #include "components/cmdialog.h"
 #include "components/colorvalue.h"
+#include "components/errorreport.h"
 #include "components/msgbox.h"
 #include "components/printer.h"
 #include "components/runtimeerror.h"
@@ -44,6 +45,7 @@ void ignoringFailure(F&& statement)
 
 void tglyphora::mclipboard_Click()
 {
+    const ErrorReport::Doing copying(QStringLiteral("Copie du nom de la police sélectionnée"));
     QTreeWidgetItem* item = List1->currentItem();
     if (!item)
         throw RuntimeError::objectMissing(QStringLiteral("List1.SelectedItem"));
@@ -61,6 +63,7 @@ void tglyphora::mcreatefile_Click()
         QStringLiteral("."), QStringLiteral("txt"));
     if (file.trimmed().isEmpty())
         return;
+    const ErrorReport::Doing saving(QStringLiteral("Enregistrement de la liste dans ") + file);
 
     setCursor(Qt::WaitCursor);
     // Written beside the file and renamed over it once complete, so that a failed save
@@ -80,8 +83,12 @@ void tglyphora::mcreatefile_Click()
     const QByteArray bytes = FontListText::listFile(names);
     const bool written = out.write(bytes) == bytes.size() && out.commit();
     unsetCursor();
-    if (!written)
-        throw RuntimeError::fileError(RuntimeError::PathFileAccess, file, QStringLiteral("mcreatefile"));
+    if (!written) {
+        RuntimeError error = RuntimeError::fileError(RuntimeError::PathFileAccess, file, QStringLiteral("mcreatefile"));
+        if (out.error() == QFileDevice::ResourceError)
+            error.setReason(QStringLiteral("le disque est plein"));
+        throw error;
+    }
 }
 
 void tglyphora::mimpnames_Click()

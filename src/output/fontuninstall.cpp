@@ -1,6 +1,7 @@
 // Font uninstall window: the list of the user's font files and their removal.
 #include "output/fontuninstall.h"
 
+#include "components/errorreport.h"
 #include "components/msgbox.h"
 #include "output/userfonts.h"
 
@@ -29,7 +30,7 @@ FontUninstall::FontUninstall(QWidget* parent) : QDialog(parent)
     resize(620, 420);
 
     auto* layout = new QVBoxLayout(this);
-    Label1 = new QLabel(QStringLiteral("Voici les polices que vous avez installées vous même. Sélectionnez celles à "
+    Label1 = new QLabel(QStringLiteral("Voici les polices que vous avez installées vous-même. Sélectionnez celles à "
                                        "désinstaller (Ctrl ou Maj pour en choisir plusieurs) : elles iront dans la "
                                        "corbeille. Les polices du système demandent les droits d'administrateur et "
                                        "ne sont pas proposées."),
@@ -67,16 +68,16 @@ FontUninstall::FontUninstall(QWidget* parent) : QDialog(parent)
     buttons->addWidget(Command2);
     layout->addLayout(buttons);
 
-    connect(List1, &QTreeWidget::itemSelectionChanged, this, &FontUninstall::List1_SelectionChanged);
-    connect(Command1, &QPushButton::clicked, this, &FontUninstall::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &FontUninstall::Command2_Click);
+    ErrorReport::connect(List1, &QTreeWidget::itemSelectionChanged, this, &FontUninstall::List1_SelectionChanged);
+    ErrorReport::connect(Command1, &QPushButton::clicked, this, &FontUninstall::Command1_Click);
+    ErrorReport::connect(Command2, &QPushButton::clicked, this, &FontUninstall::Command2_Click);
 }
 
 void FontUninstall::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QDialog::setVisible(visible);
 }
@@ -100,7 +101,7 @@ void FontUninstall::Remplir()
     }
     List1->addTopLevelItems(items);
     if (files.isEmpty())
-        Label2->setText(QStringLiteral("Vous n'avez installé aucune police vous même (répertoire %1).")
+        Label2->setText(QStringLiteral("Vous n'avez installé aucune police vous-même (répertoire %1).")
                             .arg(QDir::toNativeSeparators(UserFonts::Folder())));
     else
         Label2->setText(QStringLiteral("Nombre de fichiers de polices : %1").arg(files.size()));
@@ -120,7 +121,7 @@ void FontUninstall::Command1_Click()
     const QList<QTreeWidgetItem*> selected = List1->selectedItems();
     if (selected.isEmpty())
         return;
-    if (!MsgBox::Ask(this, QStringLiteral("Etes vous certain(e) ?")))
+    if (!MsgBox::Ask(this, QStringLiteral("Êtes-vous certain(e) ?")))
         return;
 
     QStringList failed;

@@ -1,15 +1,19 @@
-// Test page dialog: its six steps, the selection buttons and the three writers behind
-// "&Imprimer" (printer, RTF file, HTML file).
+// Test page dialog: its six steps, the selection buttons and the writers behind
+// "&Imprimer" (printer with its preview, RTF file, HTML file, PDF file).
 #include "output/ptest.h"
 
 #include "app/tglyphora.h"
 #include "browser/samplebox.h"
 #include "components/cmdialog.h"
 #include "components/conversions.h"
+#include "components/errorreport.h"
 #include "components/msgbox.h"
+#include "components/pageflow.h"
 #include "components/printer.h"
 #include "output/fontsheet.h"
+#include "output/printpreview.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QFile>
@@ -19,6 +23,7 @@
 #include <QItemSelectionModel>
 #include <QLabel>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -90,22 +95,27 @@ void Ptest::createControls()
     Command5 = makeButton(this, "Command5", QStringLiteral("Déselectionner"));
     Command2 = makeButton(this, "Command2", QStringLiteral("&Imprimer"));
     Command3 = makeButton(this, "Command3", QStringLiteral("&Annuler"));
-    connect(Command1, &QPushButton::clicked, this, &Ptest::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &Ptest::Command2_Click);
-    connect(Command3, &QPushButton::clicked, this, &Ptest::Command3_Click);
-    connect(Command4, &QPushButton::clicked, this, &Ptest::Command4_Click);
-    connect(Command5, &QPushButton::clicked, this, &Ptest::Command5_Click);
+    ErrorReport::connect(Command1, &QPushButton::clicked, this, &Ptest::Command1_Click);
+    ErrorReport::connect(Command2, &QPushButton::clicked, this, &Ptest::Command2_Click);
+    ErrorReport::connect(Command3, &QPushButton::clicked, this, &Ptest::Command3_Click);
+    ErrorReport::connect(Command4, &QPushButton::clicked, this, &Ptest::Command4_Click);
+    ErrorReport::connect(Command5, &QPushButton::clicked, this, &Ptest::Command5_Click);
 
     Frame1 = new QGroupBox(QStringLiteral("6) Choisissez la destination "), this);
     Frame1->setObjectName(QStringLiteral("Frame1"));
     auto* destinations = new QVBoxLayout(Frame1);
-    const char* const optionCaptions[3] = {"Imprimante courante", "Fichier RTF", "Fichier HTML"};
-    for (int i = 0; i < 3; ++i) {
+    const char* const optionCaptions[4] = {"Imprimante courante", "Fichier RTF", "Fichier HTML", "PDF"};
+    for (int i = 0; i < 4; ++i) {
         m_options[i] = new QRadioButton(QString::fromUtf8(optionCaptions[i]), Frame1);
         m_options[i]->setObjectName(QStringLiteral("Option1_%1").arg(i));
         destinations->addWidget(m_options[i]);
     }
     m_options[0]->setChecked(true);
+    // The preview is offered for the printer only.
+    chkApercu = new QCheckBox(QStringLiteral("Aperçu avant impression"), Frame1);
+    chkApercu->setObjectName(QStringLiteral("chkApercu"));
+    destinations->addWidget(chkApercu);
+    connect(m_options[0], &QRadioButton::toggled, chkApercu, &QCheckBox::setEnabled);
 
     Temp_list = new QListWidget(this);
     Temp_list->setObjectName(QStringLiteral("Temp_list"));
@@ -166,14 +176,19 @@ void Ptest::arrangeControls()
 
 QRadioButton* Ptest::Option1(int Index) const
 {
-    return (Index >= 0 && Index < 3) ? m_options[Index] : nullptr;
+    return (Index >= 0 && Index < 4) ? m_options[Index] : nullptr;
 }
 
 void Ptest::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
+        // The name-font list shows at least eight names, with room for its scroll bar.
+        const int row = List2->sizeHintForRow(0);
+        if (row > 0)
+            List2->setMinimumHeight(8 * row + 2 * List2->frameWidth()
+                                    + List2->horizontalScrollBar()->sizeHint().height());
     }
     QDialog::setVisible(visible);
 }
@@ -248,6 +263,9 @@ void Ptest::Command2_Click()
         setCursor(Qt::WaitCursor);
         genererhtml();
         unsetCursor();
+    } else if (m_options[3]->isChecked()) {
+        genererpdf();
+        unsetCursor();
     }
     StatusBar1->clearMessage();
 }
@@ -266,28 +284,37 @@ void Ptest::showMessage(const QString& text)
     MsgBox::Inform(this, text);
 }
 
+ProofPages::TestPage Ptest::testPage() const
+{
+    ProofPages::TestPage page;
+    page.fonts = selectedFonts();
+    page.nameFont = List2->currentItem() ? List2->currentItem()->text().trimmed() : QString();
+    page.nameSize = FontSheet::pointSize(Combo2->currentText());
+    page.sample = Text1->text();
+    page.sampleSize = FontSheet::pointSize(Combo1->currentText());
+    return page;
+}
+
+void Ptest::showFontBeingPrinted(const QString& name)
+{
+    StatusBar1->showMessage(QStringLiteral("Impression de la police ") + name.trimmed());
+}
+
 void Ptest::imprimer()
 {
     Printer& printer = Printer::instance();
     try {
-        const QString nameFont = List2->currentItem() ? List2->currentItem()->text().trimmed() : QString();
-        const double nameSize = FontSheet::pointSize(Combo2->currentText());
-        const double sampleSize = FontSheet::pointSize(Combo1->currentText());
-        // The document is opened even with no font selected: an empty one is sent.
-        printer.beginDocument();
-        for (int i = 0; i < List1->count(); ++i) {
-            if (!List1->item(i)->isSelected())
-                continue;
-            const QString name = List1->item(i)->text();
-            StatusBar1->showMessage(QStringLiteral("Impression de la police ") + name.trimmed());
-            printer.setFontName(nameFont);
-            printer.setFontSize(nameSize);
-            printer.Print(name);
-            printer.setFontName(name.trimmed());
-            printer.setFontSize(sampleSize);
-            printer.Print(Text1->text());
-            printer.Print(QStringLiteral(" "));
+        const ProofPages::TestPage page = testPage();
+        if (chkApercu->isChecked()) {
+            // The preview prints on a job of its own; the printer's font stays as it is.
+            const QFont base = printer.Font();
+            PrintPreview::exec(this, [page, base](PageFlow& flow) { ProofPages::testPage(flow, base, page); });
+            return;
         }
+        // The document is opened even with no font selected: an empty one is sent.
+        PageFlow& flow = printer.flow();
+        printer.setFont(ProofPages::testPage(flow, printer.Font(), page,
+                                             [this](const QString& name) { showFontBeingPrinted(name); }));
         printer.EndDoc();
     } catch (const std::exception&) {
         StatusBar1->clearMessage();
@@ -361,6 +388,31 @@ void Ptest::genererhtml()
         const QByteArray sheet = FontSheet::html(selected, nameFont, Text1->text());
         written = out.write(sheet) == sheet.size() && out.flush();
     }
+    if (!written) {
+        StatusBar1->clearMessage();
+        unsetCursor();
+        showMessage(failureText);
+    }
+}
+
+void Ptest::genererpdf()
+{
+    QString file;
+    QStringList selected;
+    if (!chooseSheetFile(QStringLiteral("Sauvegarder vers un fichier PDF"), QStringLiteral("pagetest.pdf"),
+                         QStringLiteral("Fichier PDF"), QStringLiteral("pdf"), file, selected))
+        return;
+    setCursor(Qt::WaitCursor);
+    // The pages the printer writer would print, on the printer's paper and resolution.
+    Printer& printer = Printer::instance();
+    const ProofPages::TestPage page = testPage();
+    const QFont base = printer.Font();
+    const bool written = ProofPages::writePdf(file, printer.pageLayout(), printer.resolution(), windowTitle(),
+                                              [&](PageFlow& flow) {
+                                                  ProofPages::testPage(flow, base, page, [this](const QString& name) {
+                                                      showFontBeingPrinted(name);
+                                                  });
+                                              });
     if (!written) {
         StatusBar1->clearMessage();
         unsetCursor();

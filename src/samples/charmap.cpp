@@ -4,11 +4,13 @@
 
 #include "app/debut.h"
 #include "components/ansi.h"
+#include "components/errorreport.h"
 #include "components/runtimeerror.h"
 #include "samples/charcodes.h"
 
 #include <QClipboard>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGuiApplication>
@@ -25,11 +27,14 @@ constexpr double CellPoints = 12;
 constexpr double LargePoints = 36;
 constexpr double ListPoints = 11;
 
+// The face's own glyphs only: a character it lacks is drawn as the face draws a
+// missing glyph, never borrowed from another font.
 QFont faceAt(const QString& face, double points)
 {
     QFont font;
     font.setFamilies({face});
     font.setPointSizeF(points);
+    font.setStyleStrategy(QFont::NoFontMerging);
     return font;
 }
 
@@ -44,10 +49,10 @@ charmap::charmap(QWidget* parent) : QDialog(parent)
     layout->addWidget(buildGrid());
     layout->addWidget(buildDetails(), 1);
 
-    connect(List1, &QListWidget::itemClicked, this, [this] { List1_Click(); });
-    connect(List1, &QListWidget::itemDoubleClicked, this, [this] { List1_DblClick(); });
-    connect(Command1, &QPushButton::clicked, this, &charmap::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &charmap::Command2_Click);
+    connect(List1, &QListWidget::itemClicked, this, ErrorReport::guarded([this] { List1_Click(); }));
+    connect(List1, &QListWidget::itemDoubleClicked, this, ErrorReport::guarded([this] { List1_DblClick(); }));
+    ErrorReport::connect(Command1, &QPushButton::clicked, this, &charmap::Command1_Click);
+    ErrorReport::connect(Command2, &QPushButton::clicked, this, &charmap::Command2_Click);
 }
 
 QWidget* charmap::buildGrid()
@@ -101,7 +106,9 @@ QWidget* charmap::buildDetails()
     Label12 = label("Label12", QStringLiteral("Police :"));
     Label13 = label("Label13", QStringLiteral("Arial"));
     Label13->setWordWrap(true);
+    Label14 = label("Label14", QString());
     form->addRow(Label2, Label3);
+    form->addRow(QString(), Label14);
     form->addRow(Label4, Label5);
     form->addRow(Label7, Label6);
     form->addRow(Label9, Label8);
@@ -139,7 +146,7 @@ void charmap::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QDialog::setVisible(visible);
 }
@@ -174,6 +181,13 @@ void charmap::showCodes(int code)
     Label11->setText(CharCodes::BinaryText(code));
 }
 
+void charmap::showPresence(const QString& character)
+{
+    const QList<uint> codes = character.toUcs4();
+    const bool present = codes.isEmpty() || QFontMetrics(Label3->font()).inFontUcs4(codes.first());
+    Label14->setText(present ? QString() : QStringLiteral("Absent de cette police"));
+}
+
 void charmap::setBorder(int index, bool on)
 {
     Label1(index)->setFrameStyle(on ? (QFrame::Box | QFrame::Plain) : QFrame::NoFrame);
@@ -184,6 +198,7 @@ void charmap::Label1_MouseMove(int Index)
     QLabel* cell = Label1(Index);
     Label3->setText(cell->text());
     showCodes(Index + CharCodes::FirstCellCode);
+    showPresence(cell->text());
     // Only the cell under the mouse keeps a border.
     setBorder(m_highlighted, false);
     setBorder(Index, true);
@@ -206,6 +221,7 @@ void charmap::List1_Click()
         throw RuntimeError::illegalCall(QStringLiteral("List1"));
     Label3->setText(character);
     showCodes(code);
+    showPresence(character);
 }
 
 void charmap::List1_DblClick()
@@ -231,10 +247,12 @@ bool charmap::eventFilter(QObject* watched, QEvent* event)
     if (type == QEvent::Enter || type == QEvent::MouseMove || type == QEvent::MouseButtonDblClick) {
         const auto index = m_cells.indexOf(static_cast<QLabel*>(watched));
         if (index >= 0) {
-            if (type == QEvent::MouseButtonDblClick)
-                Label1_DblClick(static_cast<int>(index));
-            else
-                Label1_MouseMove(static_cast<int>(index));
+            ErrorReport::guard([&] {
+                if (type == QEvent::MouseButtonDblClick)
+                    Label1_DblClick(static_cast<int>(index));
+                else
+                    Label1_MouseMove(static_cast<int>(index));
+            });
         }
     }
     return QDialog::eventFilter(watched, event);

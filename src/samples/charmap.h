@@ -33,6 +33,8 @@ public:
     QLabel* Label11 = nullptr;
     QLabel* Label12 = nullptr;
     QLabel* Label13 = nullptr;
+    // Under the large character: "Absent de cette police" when the face lacks it.
+    QLabel* Label14 = nullptr;
     QListWidget* List1 = nullptr;
     QPushButton* Command1 = nullptr;
     QPushButton* Command2 = nullptr;
@@ -55,6 +57,7 @@ private:
     QWidget* buildGrid();
     QWidget* buildDetails();
     void showCodes(int code);
+    void showPresence(const QString& character);
     void setBorder(int index, bool on);
 
     QList<QLabel*> m_cells;

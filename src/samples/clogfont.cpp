@@ -24,8 +24,10 @@ QFont fontFromRecord(const LOGFONT& record)
     font.setItalic(record.lfItalic != 0);
     font.setUnderline(record.lfUnderline != 0);
     font.setStrikeOut(record.lfStrikeOut != 0);
-    if (record.lfOutPrecision == LogFontRecord::OutTtOnlyPrecis)
-        font.setStyleStrategy(QFont::PreferOutline);
+    // The face's own glyphs only, never another font's.
+    font.setStyleStrategy(record.lfOutPrecision == LogFontRecord::OutTtOnlyPrecis
+                              ? QFont::StyleStrategy(QFont::PreferOutline | QFont::NoFontMerging)
+                              : QFont::NoFontMerging);
     return font;
 }
 

@@ -6,6 +6,7 @@
 #include "browser/samplebox.h"
 #include "components/cmdialog.h"
 #include "components/conversions.h"
+#include "components/errorreport.h"
 #include "components/msgbox.h"
 #include "samples/imagelayout.h"
 #include "samples/picturefile.h"
@@ -73,7 +74,7 @@ void FtstImg::buildMenu()
     auto add = [this](const char* name, const QString& caption, void (FtstImg::*slot)()) {
         QAction* action = mcontextuel->addAction(caption);
         action->setObjectName(QString::fromLatin1(name));
-        connect(action, &QAction::triggered, this, slot);
+        ErrorReport::connect(action, &QAction::triggered, this, slot);
         return action;
     };
     auto separator = [this](const char* name) { mcontextuel->addSeparator()->setObjectName(QString::fromLatin1(name)); };
@@ -113,7 +114,7 @@ void FtstImg::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QWidget::setVisible(visible);
 }
@@ -164,7 +165,8 @@ void FtstImg::prepareCanvas()
     m_canvas.setDotsPerMeterX(dotsPerMeter);
     m_canvas.setDotsPerMeterY(dotsPerMeter);
     m_canvas.fill(m_backColor);
-    m_position = QPointF(0, 0);
+    // The drawing position is the window's own: a new canvas keeps it, so the text
+    // printed next goes on the line below the last print or stamp.
 }
 
 void FtstImg::Form_Paint()
@@ -248,6 +250,8 @@ void FtstImg::Form_MouseUp(int Button, int, float X, float Y)
 
 void FtstImg::Form_Resize()
 {
+    // The resize that comes with showing the window finds the canvas its load painted.
+    const bool sameSize = !m_canvas.isNull() && m_canvas.size() == size() * devicePixelRatioF();
     // A maximised or minimised window has no place of its own to move to.
     if (!(windowState() & (Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen))) {
         if (const QScreen* display = screen()) {
@@ -256,7 +260,8 @@ void FtstImg::Form_Resize()
             move(area.x() + (area.width() - frame.width()) / 2, area.y() + (area.height() - frame.height()) / 2);
         }
     }
-    Form_Paint();
+    if (!sameSize)
+        Form_Paint();
 }
 
 void FtstImg::mmeth1_Click()
@@ -343,7 +348,7 @@ void FtstImg::paintEvent(QPaintEvent*)
 void FtstImg::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    Form_Resize();
+    ErrorReport::guard([this] { Form_Resize(); });
 }
 
 void FtstImg::keyPressEvent(QKeyEvent* event)
@@ -353,17 +358,21 @@ void FtstImg::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    Form_KeyPress(text[0].unicode());
+    ErrorReport::guard([&] { Form_KeyPress(text[0].unicode()); });
 }
 
 void FtstImg::mouseMoveEvent(QMouseEvent* event)
 {
-    Form_MouseMove(buttonsOf(event->buttons()), shiftOf(event->modifiers()), static_cast<float>(event->position().x()),
-                   static_cast<float>(event->position().y()));
+    ErrorReport::guard([&] {
+        Form_MouseMove(buttonsOf(event->buttons()), shiftOf(event->modifiers()),
+                       static_cast<float>(event->position().x()), static_cast<float>(event->position().y()));
+    });
 }
 
 void FtstImg::mouseReleaseEvent(QMouseEvent* event)
 {
-    Form_MouseUp(buttonsOf(event->button()), shiftOf(event->modifiers()), static_cast<float>(event->position().x()),
-                 static_cast<float>(event->position().y()));
+    ErrorReport::guard([&] {
+        Form_MouseUp(buttonsOf(event->button()), shiftOf(event->modifiers()), static_cast<float>(event->position().x()),
+                     static_cast<float>(event->position().y()));
+    });
 }

@@ -3,6 +3,7 @@
 
 #include "app/debut.h"
 #include "components/cmdialog.h"
+#include "components/errorreport.h"
 #include "components/runtimeerror.h"
 #include "samples/ftstimg.h"
 
@@ -11,6 +12,7 @@
 
 void tglyphora::mimgfond_Click()
 {
+    const ErrorReport::Doing opening(QStringLiteral("Essai de la police sélectionnée sur une image de fond"));
     QTreeWidgetItem* item = List1->currentItem();
     if (!item)
         throw RuntimeError::objectMissing(QStringLiteral("List1.SelectedItem"));

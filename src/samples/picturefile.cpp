@@ -60,7 +60,7 @@ QImage Load(const QString& path)
 
 QString ErrorText(const QString& path)
 {
-    return QStringLiteral("Erreur, impossible de lire l'image \"%1\". Le fichier est peut être endommagé ou d'un format inconnu.")
+    return QStringLiteral("Erreur, impossible de lire l'image \"%1\". Le fichier est peut-être endommagé ou d'un format inconnu.")
         .arg(QDir::toNativeSeparators(path));
 }
 

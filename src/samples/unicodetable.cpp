@@ -4,6 +4,7 @@
 
 #include "app/debut.h"
 #include "app/tglyphora.h"
+#include "components/errorreport.h"
 #include "components/settings.h"
 #include "samples/unicodeblocks.h"
 #include "samples/unicodegrid.h"
@@ -90,17 +91,17 @@ QWidget* UnicodeTable::buildSearchBar()
 
 void UnicodeTable::connectControls()
 {
-    connect(txtCherche, &QLineEdit::textChanged, this, &UnicodeTable::txtCherche_Change);
+    ErrorReport::connect(txtCherche, &QLineEdit::textChanged, this, &UnicodeTable::txtCherche_Change);
     connect(txtCherche, &QLineEdit::returnPressed, grdCaracteres, [this] { grdCaracteres->setFocus(); });
-    connect(chkHorsPolice, &QCheckBox::clicked, this, &UnicodeTable::chkHorsPolice_Click);
-    connect(chkAbsents, &QCheckBox::clicked, this, &UnicodeTable::chkAbsents_Click);
-    connect(sldZoom, &QSlider::valueChanged, this, &UnicodeTable::sldZoom_Change);
-    connect(sldZoom, &QSlider::sliderReleased, this, &UnicodeTable::saveZoom);
-    connect(lstBlocs, &QListWidget::itemClicked, this, &UnicodeTable::lstBlocs_Click);
-    connect(lstBlocs, &QListWidget::currentRowChanged, this, &UnicodeTable::lstBlocs_Click);
-    connect(grdCaracteres, &UnicodeGrid::currentChanged, this, &UnicodeTable::grdCaracteres_Change);
-    connect(grdCaracteres, &UnicodeGrid::activated, this, &UnicodeTable::grdCaracteres_DblClick);
-    connect(grdCaracteres, &UnicodeGrid::menuRequested, this, &UnicodeTable::showContextMenu);
+    ErrorReport::connect(chkHorsPolice, &QCheckBox::clicked, this, &UnicodeTable::chkHorsPolice_Click);
+    ErrorReport::connect(chkAbsents, &QCheckBox::clicked, this, &UnicodeTable::chkAbsents_Click);
+    ErrorReport::connect(sldZoom, &QSlider::valueChanged, this, &UnicodeTable::sldZoom_Change);
+    ErrorReport::connect(sldZoom, &QSlider::sliderReleased, this, &UnicodeTable::saveZoom);
+    ErrorReport::connect(lstBlocs, &QListWidget::itemClicked, this, &UnicodeTable::lstBlocs_Click);
+    ErrorReport::connect(lstBlocs, &QListWidget::currentRowChanged, this, &UnicodeTable::lstBlocs_Click);
+    ErrorReport::connect(grdCaracteres, &UnicodeGrid::currentChanged, this, &UnicodeTable::grdCaracteres_Change);
+    ErrorReport::connect(grdCaracteres, &UnicodeGrid::activated, this, &UnicodeTable::grdCaracteres_DblClick);
+    ErrorReport::connect(grdCaracteres, &UnicodeGrid::menuRequested, this, &UnicodeTable::showContextMenu);
     connect(NameIndexLoader::instance(), &NameIndexLoader::ready, this, [this] {
         if (m_searchPending)
             refreshCells();
@@ -111,7 +112,7 @@ void UnicodeTable::setVisible(bool visible)
 {
     if (visible && !m_loaded) {
         m_loaded = true;
-        Form_Load();
+        ErrorReport::guard([this] { Form_Load(); });
     }
     QDialog::setVisible(visible);
 }

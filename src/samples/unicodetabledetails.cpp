@@ -3,6 +3,7 @@
 // menu and the collecting line.
 #include "samples/unicodetable.h"
 
+#include "components/errorreport.h"
 #include "fontfile/fontsystem.h"
 #include "samples/unicodeblocks.h"
 #include "samples/unicodeformats.h"
@@ -90,11 +91,11 @@ QWidget* UnicodeTable::buildDetails()
     column->addLayout(copies);
     column->addStretch(1);
 
-    connect(cmdCopierCaractere, &QPushButton::clicked, this, &UnicodeTable::cmdCopierCaractere_Click);
-    connect(cmdCopierCode, &QPushButton::clicked, this, &UnicodeTable::cmdCopierCode_Click);
-    connect(cmdCopierNumerique, &QPushButton::clicked, this, &UnicodeTable::cmdCopierNumerique_Click);
-    connect(cmdCopierEntite, &QPushButton::clicked, this, &UnicodeTable::cmdCopierEntite_Click);
-    connect(cmdCopierUtf8, &QPushButton::clicked, this, &UnicodeTable::cmdCopierUtf8_Click);
+    ErrorReport::connect(cmdCopierCaractere, &QPushButton::clicked, this, &UnicodeTable::cmdCopierCaractere_Click);
+    ErrorReport::connect(cmdCopierCode, &QPushButton::clicked, this, &UnicodeTable::cmdCopierCode_Click);
+    ErrorReport::connect(cmdCopierNumerique, &QPushButton::clicked, this, &UnicodeTable::cmdCopierNumerique_Click);
+    ErrorReport::connect(cmdCopierEntite, &QPushButton::clicked, this, &UnicodeTable::cmdCopierEntite_Click);
+    ErrorReport::connect(cmdCopierUtf8, &QPushButton::clicked, this, &UnicodeTable::cmdCopierUtf8_Click);
     return fraDetails;
 }
 
@@ -117,9 +118,9 @@ QWidget* UnicodeTable::buildCopyBar()
     row->addWidget(cmdCopier);
     row->addSpacing(24);
     row->addWidget(cmdFermer);
-    connect(cmdAjouter, &QPushButton::clicked, this, &UnicodeTable::cmdAjouter_Click);
-    connect(cmdCopier, &QPushButton::clicked, this, &UnicodeTable::cmdCopier_Click);
-    connect(cmdFermer, &QPushButton::clicked, this, &UnicodeTable::cmdFermer_Click);
+    ErrorReport::connect(cmdAjouter, &QPushButton::clicked, this, &UnicodeTable::cmdAjouter_Click);
+    ErrorReport::connect(cmdCopier, &QPushButton::clicked, this, &UnicodeTable::cmdCopier_Click);
+    ErrorReport::connect(cmdFermer, &QPushButton::clicked, this, &UnicodeTable::cmdFermer_Click);
     return bar;
 }
 
@@ -227,7 +228,7 @@ void UnicodeTable::showContextMenu(int, const QPoint& globalPos)
     auto add = [&menu](const char* name, const QString& text, auto slot, UnicodeTable* self) {
         QAction* action = menu.addAction(text);
         action->setObjectName(QString::fromLatin1(name));
-        connect(action, &QAction::triggered, self, slot);
+        ErrorReport::connect(action, &QAction::triggered, self, slot);
     };
     add("mcopiercaractere", QStringLiteral("Copier le caractère"), &UnicodeTable::cmdCopierCaractere_Click, this);
     add("mcopiercode", QStringLiteral("Copier ") + uPlusCode(*code), &UnicodeTable::cmdCopierCode_Click, this);

@@ -3,7 +3,9 @@
 
 #include <QFile>
 #include <QMap>
+#include <QPoint>
 #include <QProcess>
+#include <QSize>
 #include <algorithm>
 
 namespace Sfnt {
@@ -320,6 +322,89 @@ QByteArray withCodePages(const QByteArray& source, quint32 codePageRange1, std::
     return withTable(source, "OS/2", table);
 }
 
+namespace {
+
+constexpr int firstChar = 0x20;
+constexpr int lastChar = 0x7E;
+constexpr int sideBearing = 100;
+
+// A box of the glyph for character c: width and height vary with the character.
+QSize boxOf(int c)
+{
+    return QSize(300 + (c * 37) % 900, 600 + (c * 53) % 1200);
+}
+
+QByteArray boxGlyph(QSize box)
+{
+    QByteArray g;
+    put16(g, 1);                                  // numberOfContours
+    for (int v : {sideBearing, 0, sideBearing + box.width(), box.height()}) // xMin, yMin, xMax, yMax
+        put16(g, quint16(v));
+    put16(g, 3);                                  // endPtsOfContours
+    put16(g, 0);                                  // instructionLength
+    g.append(4, char(0x01));                      // flags: on curve, 16-bit deltas
+    for (int dx : {sideBearing, 0, box.width(), 0})
+        put16(g, quint16(dx));
+    for (int dy : {0, box.height(), 0, -box.height()})
+        put16(g, quint16(dy));
+    return g;
+}
+
+QByteArray cmapFormat4()
+{
+    QByteArray sub;
+    put16(sub, 4);                 // format
+    put16(sub, 32);                // length: 14 + 4 arrays of 2 segments + reservedPad
+    put16(sub, 0);                 // language
+    for (int v : {4, 4, 1, 0})     // segCountX2, searchRange, entrySelector, rangeShift
+        put16(sub, quint16(v));
+    for (int v : {lastChar, 0xFFFF, 0, firstChar, 0xFFFF}) // endCode, reservedPad, startCode
+        put16(sub, quint16(v));
+    for (int v : {1 - firstChar, 1, 0, 0}) // idDelta (glyph 1 is the first character), idRangeOffset
+        put16(sub, quint16(v));
+    QByteArray cmap;
+    for (int v : {0, 1, 3, 1})     // version, numTables, platform 3, encoding 1
+        put16(cmap, quint16(v));
+    put32(cmap, 12);
+    return cmap + sub;
+}
+
+} // namespace
+
+QByteArray outlineFont(const QList<Name>& names)
+{
+    const int glyphs = 1 + lastChar - firstChar + 1; // .notdef then each character
+    QByteArray glyf, loca, hmtx;
+    int widest = 0;
+    for (int g = 0; g < glyphs; ++g) {
+        const int c = firstChar + g - 1;
+        put16(loca, quint16(glyf.size() / 2));
+        const QSize box = g == 0 ? QSize(800, 1400) : boxOf(c);
+        if (c != firstChar) // the space draws nothing
+            glyf.append(boxGlyph(box));
+        const int advance = box.width() + 2 * sideBearing;
+        widest = std::max(widest, advance);
+        put16(hmtx, quint16(advance));
+        put16(hmtx, sideBearing);
+    }
+    put16(loca, quint16(glyf.size() / 2));
+
+    QByteArray hhea;
+    put32(hhea, 0x00010000);
+    for (int v : {1900, -500, 200, widest, 0, 0, widest, 1, 0, 0, 0, 0, 0, 0, 0, glyphs})
+        put16(hhea, quint16(v)); // ascender .. numberOfHMetrics
+    QByteArray maxp;
+    put32(maxp, 0x00010000);
+    for (int v : {glyphs, 4, 1, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0})
+        put16(maxp, quint16(v)); // numGlyphs, maxPoints, maxContours, ..., maxZones 2, the rest 0
+    QByteArray post;
+    for (quint32 v : {0x00030000u, 0u, 0xFF380064u, 0u, 0u, 0u, 0u, 0u}) // v3, italicAngle, underline, ...
+        put32(post, v);
+    return font({{"OS/2", os2(0), {}}, {"cmap", cmapFormat4(), {}}, {"glyf", glyf, {}}, {"head", head(), {}},
+                 {"hhea", hhea, {}}, {"hmtx", hmtx, {}}, {"loca", loca, {}}, {"maxp", maxp, {}},
+                 {"name", name(names), {}}, {"post", post, {}}});
+}
+
 QByteArray os2(const Os2Fields& f)
 {
     QByteArray t;
@@ -428,6 +513,147 @@ QByteArray drawable(const QList<Name>& names)
 {
     static const QByteArray source = readFile(installedTrueTypeFile());
     return renamed(source, names);
+}
+
+namespace {
+
+// One simple glyph: closed contours of on-curve points, coordinates as 16-bit deltas.
+QByteArray glyph(const QList<QList<QPoint>>& contours)
+{
+    int xMin = 32767, yMin = 32767, xMax = -32768, yMax = -32768, points = 0;
+    for (const auto& contour : contours)
+        for (const QPoint& p : contour) {
+            xMin = std::min(xMin, p.x()), yMin = std::min(yMin, p.y());
+            xMax = std::max(xMax, p.x()), yMax = std::max(yMax, p.y());
+        }
+    QByteArray g;
+    put16(g, quint16(contours.size())); // numberOfContours
+    for (int v : {xMin, yMin, xMax, yMax})
+        put16(g, quint16(v));
+    for (const auto& contour : contours) {
+        points += int(contour.size());
+        put16(g, quint16(points - 1)); // endPtsOfContours
+    }
+    put16(g, 0);                     // instructionLength
+    g.append(points, char(0x01));    // flags: on curve, 16-bit deltas
+    QPoint last(0, 0);
+    QByteArray ys;
+    for (const auto& contour : contours)
+        for (const QPoint& p : contour) {
+            put16(g, quint16(p.x() - last.x()));
+            put16(ys, quint16(p.y() - last.y()));
+            last = p;
+        }
+    g += ys;
+    while (g.size() % 4)
+        g.append('\0');
+    return g;
+}
+
+QList<QPoint> box(int left, int bottom, int right, int top, bool clockwise = true)
+{
+    QList<QPoint> points{{left, bottom}, {left, top}, {right, top}, {right, bottom}};
+    if (!clockwise)
+        std::reverse(points.begin(), points.end());
+    return points;
+}
+
+} // namespace
+
+QList<char32_t> characterRange(char32_t first, char32_t last)
+{
+    QList<char32_t> codes;
+    for (char32_t c = first; c <= last; ++c)
+        codes.append(c);
+    return codes;
+}
+
+QByteArray boxFont(const QString& family, const QList<char32_t>& characters)
+{
+    QList<char32_t> codes = characters;
+    std::sort(codes.begin(), codes.end());
+    codes.erase(std::unique(codes.begin(), codes.end()), codes.end());
+    const int numGlyphs = int(codes.size()) + 1;
+
+    QByteArray glyf, loca, hmtx;
+    const QByteArray notdef = glyph({box(100, 0, 900, 1400), box(200, 100, 800, 1300, false)});
+    const QByteArray wide = glyph({box(100, 0, 1100, 1400)});
+    const QByteArray narrow = glyph({box(300, 200, 700, 1000)});
+    put32(loca, 0);
+    for (int i = 0; i < numGlyphs; ++i) {
+        glyf += i == 0 ? notdef : (codes[i - 1] % 2 == 0 ? wide : narrow);
+        put32(loca, quint32(glyf.size()));
+        put16(hmtx, 1200); // advanceWidth
+        put16(hmtx, 100);  // lsb
+    }
+
+    // cmap: one format 4 subtable, a segment per run of consecutive codes.
+    QList<QPair<char32_t, char32_t>> runs;
+    for (char32_t c : codes) {
+        if (!runs.isEmpty() && runs.last().second + 1 == c)
+            runs.last().second = c;
+        else
+            runs.append({c, c});
+    }
+    runs.append({0xFFFF, 0xFFFF});
+    const int segments = int(runs.size());
+    QByteArray ends, starts, deltas, offsets;
+    int glyphId = 1;
+    for (const auto& [first, last] : runs) {
+        put16(ends, quint16(last));
+        put16(starts, quint16(first));
+        put16(deltas, first == 0xFFFF ? 1 : quint16(glyphId - int(first)));
+        put16(offsets, 0);
+        glyphId += int(last - first + 1);
+    }
+    int power = 1, log = 0;
+    while (power * 2 <= segments)
+        power *= 2, ++log;
+    QByteArray sub;
+    put16(sub, 4);
+    put16(sub, quint16(16 + 8 * segments)); // length
+    put16(sub, 0);                          // language
+    put16(sub, quint16(2 * segments));
+    put16(sub, quint16(2 * power));
+    put16(sub, quint16(log));
+    put16(sub, quint16(2 * segments - 2 * power));
+    sub += ends;
+    put16(sub, 0); // reservedPad
+    sub += starts + deltas + offsets;
+    QByteArray cmap;
+    put16(cmap, 0);
+    put16(cmap, 1);
+    put16(cmap, 3);
+    put16(cmap, 1);
+    put32(cmap, 12);
+    cmap += sub;
+
+    QByteArray headTable = head();
+    set16(headTable, 18, 2048);           // unitsPerEm
+    set16(headTable, 50, 1);              // indexToLocFormat: long
+    QByteArray hhea;
+    put32(hhea, 0x00010000);
+    for (int v : {1600, -400, 200, 1200, 100, 100, 1100, 1, 0, 0, 0, 0, 0, 0, 0})
+        put16(hhea, quint16(v)); // ascender .. metricDataFormat
+    put16(hhea, quint16(numGlyphs)); // numberOfHMetrics
+    QByteArray maxp;
+    put32(maxp, 0x00010000);
+    put16(maxp, quint16(numGlyphs));
+    for (int v : {8, 2, 0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0})
+        put16(maxp, quint16(v));
+    QByteArray post;
+    for (quint32 v : {0x00030000u, 0u})
+        put32(post, v);
+    put16(post, quint16(-100));
+    put16(post, 50);
+    for (int i = 0; i < 5; ++i)
+        put32(post, 0);
+    QByteArray os2Table = os2(0x40, 0);
+    set16(os2Table, 64, quint16(codes.isEmpty() ? 0 : std::min<char32_t>(codes.first(), 0xFFFF)));
+    set16(os2Table, 66, quint16(codes.isEmpty() ? 0 : std::min<char32_t>(codes.last(), 0xFFFF)));
+    return font({{"OS/2", os2Table, {}}, {"cmap", cmap, {}}, {"glyf", glyf, {}}, {"head", headTable, {}},
+                 {"hhea", hhea, {}}, {"hmtx", hmtx, {}}, {"loca", loca, {}}, {"maxp", maxp, {}},
+                 {"name", name(familyNames(family)), {}}, {"post", post, {}}});
 }
 
 QByteArray readFile(const QString& path)

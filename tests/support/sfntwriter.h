@@ -72,6 +72,16 @@ QByteArray withSymbolCmap(const QByteArray& font);
 QByteArray withCodePages(const QByteArray& font, quint32 codePageRange1, std::optional<quint16> first = {},
                          std::optional<quint16> last = {}, std::optional<quint16> defaultChar = {});
 
+// A hand-made TrueType font with real outlines for exactly the given characters (Basic
+// Multilingual Plane): each is a filled box, a wide one for even codes and a narrow
+// one for odd codes; glyph 0, drawn for any other character, is a hollow frame.
+QByteArray boxFont(const QString& family, const QList<char32_t>& characters);
+// The characters first..last.
+QList<char32_t> characterRange(char32_t first, char32_t last);
+// A small drawable TrueType font made here: the printable ASCII characters each have
+// a glyph of their own (a box whose size depends on the character), the space none.
+QByteArray outlineFont(const QList<Name>& names);
+
 // Every OS/2 field the details window shows, for a table of any version: version 0
 // stops after usWinDescent (78 bytes), 1 after the code pages (86), 2 to 4 after
 // usMaxContext (96), 5 after the optical sizes (100).

@@ -19,7 +19,10 @@
 #include <QTimer>
 #include <QUuid>
 #include <QWidget>
+#include <linux/capability.h>
 #include <memory>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 namespace TestSupport {
 
@@ -164,6 +167,21 @@ ChildResult runScenario(const QString& name, const QStringList& extraEnv, int ti
     result.out = QString::fromUtf8(child.readAllStandardOutput());
     result.err = QString::fromUtf8(child.readAllStandardError());
     return result;
+}
+
+bool obeyFilePermissions()
+{
+    if (geteuid() != 0)
+        return true;
+    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct data[_LINUX_CAPABILITY_U32S_3] = {};
+    if (syscall(SYS_capget, &header, data) != 0)
+        return false;
+    for (const int cap : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) {
+        data[cap / 32].effective &= ~(1u << (cap % 32));
+        data[cap / 32].permitted &= ~(1u << (cap % 32));
+    }
+    return syscall(SYS_capset, &header, data) == 0;
 }
 
 bool requirePrinter()

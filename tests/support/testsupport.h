@@ -50,6 +50,11 @@ struct ChildResult {
 };
 ChildResult runScenario(const QString& name, const QStringList& extraEnv = {}, int timeoutMs = 60000);
 
+// Takes from this process (and the threads and children it starts afterwards) the
+// power to ignore file permissions that root has, so that an unwritable folder is
+// unwritable in a test run as root. True when the process now obeys permissions.
+bool obeyFilePermissions();
+
 // The PDF printer queue: true when a default printer exists; otherwise the test is
 // skipped unless GLYPHORA_REQUIRE_PRINTER is set, in which case it fails.
 bool requirePrinter();
