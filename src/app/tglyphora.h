@@ -24,6 +24,9 @@ class ctlEBSplitter;
 class FontListFilter;
 class FontNameDelegate;
 class FontWatch;
+class MeasureWorker;
+class NeighbourPrep;
+struct MeasuredText;
 
 // The font list's header, sized without the bold variant of its font.
 class FontListHeader : public QHeaderView {
@@ -195,6 +198,12 @@ private:
     void updateFavouriteCaption();
     void fontsChanged();
     void syncList(const QStringList& names);
+    // Measuring after a font is shown, off this thread, and preparing the fonts likely
+    // to be shown next (browser/measure.cpp, browser/showahead.cpp)
+    MeasureWorker* measureWorker();
+    void measureShownFont();
+    void showFigures(const MeasuredText& figures, int dpi, int scaleMode);
+    void prepareNeighbours(bool afterShow = true);
 
     QWidget* m_workArea = nullptr;
     ScriptNotice* m_scriptNotice = nullptr; // under the samples, for faces of another script
@@ -208,6 +217,10 @@ private:
     FontNameDelegate* m_nameDelegate = nullptr;
     QAbstractItemDelegate* m_plainDelegate = nullptr;
     QMenu* m_mnupol = nullptr;
+    MeasureWorker* m_measureWorker = nullptr;
+    NeighbourPrep* m_neighbourPrep = nullptr;
+    int m_shownRow = 0;          // row last shown and the one shown before it, for
+    int m_travelFrom = 0;        // the direction of travel
     QStringList m_unitNames;     // index 0 is code 1
     QString m_printerName;
     int m_unite = 6;

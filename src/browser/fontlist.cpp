@@ -148,13 +148,15 @@ void tglyphora::ShowSelectedFont()
     pictureFont.setFamilies({debut::CurrentFaceName});
     Picture1->setFont(pictureFont);
     applyFaceAndStyles(debut::CurrentFaceName);
-    // Measured once the samples carry the new face.
-    afficheinfos();
+    // Measured once the samples carry the new face; the figures may come a moment later.
+    measureShownFont();
 
     Panel(1)->setText(debut::CurrentFaceName);
     // The position among the rows the filter leaves visible (all of them without one).
     const int number = m_filtre->rowNumber(item);
     Panel(4)->setText(number > 0 ? QString::number(number) : QString());
+    if (m_loaded && !m_holdMeasure)
+        prepareNeighbours();
 }
 
 void tglyphora::syncList(const QStringList& names)

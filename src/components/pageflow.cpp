@@ -3,7 +3,6 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QRegularExpression>
 
 PageFlow::PageFlow(QPainter& painter, double pageWidth, double pageHeight, std::function<void()> newPage)
     : m_painter(painter), m_pageWidth(pageWidth), m_pageHeight(pageHeight), m_newPage(std::move(newPage))
@@ -15,10 +14,23 @@ QPaintDevice* PageFlow::device() const
     return m_painter.device();
 }
 
+// CR LF, LF and CR each end a line. Written out rather than with a shared regular
+// expression because the measuring thread splits texts too.
 QStringList PageFlow::splitLines(const QString& text)
 {
-    static const QRegularExpression breaks(QStringLiteral("\r\n|\r|\n"));
-    return text.split(breaks);
+    QStringList lines;
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c != QLatin1Char('\r') && c != QLatin1Char('\n'))
+            continue;
+        lines.append(text.mid(start, i - start));
+        if (c == QLatin1Char('\r') && i + 1 < text.size() && text[i + 1] == QLatin1Char('\n'))
+            ++i;
+        start = i + 1;
+    }
+    lines.append(text.mid(start));
+    return lines;
 }
 
 double PageFlow::placeBlock(double height)

@@ -122,22 +122,31 @@ int Printer::resolution()
     return device().resolution();
 }
 
+double Printer::widestLine(const QFontMetricsF& metrics, const QString& text)
+{
+    double widest = 0;
+    for (const QString& line : PageFlow::splitLines(text))
+        widest = std::max(widest, metrics.horizontalAdvance(line));
+    return widest;
+}
+
+double Printer::linesHeight(const QFontMetricsF& metrics, const QString& text)
+{
+    return metrics.lineSpacing() * static_cast<double>(PageFlow::splitLines(text).size());
+}
+
 double Printer::TextWidth(const QString& text)
 {
     QPrinter& printer = device();
     const QFontMetricsF metrics(m_font, &printer);
-    double widest = 0;
-    for (const QString& line : PageFlow::splitLines(text))
-        widest = std::max(widest, metrics.horizontalAdvance(line));
-    return ScaleMode::fromDevicePixels(widest, printer.resolution(), m_scaleMode, false);
+    return ScaleMode::fromDevicePixels(widestLine(metrics, text), printer.resolution(), m_scaleMode, false);
 }
 
 double Printer::TextHeight(const QString& text)
 {
     QPrinter& printer = device();
     const QFontMetricsF metrics(m_font, &printer);
-    const double height = metrics.lineSpacing() * static_cast<double>(PageFlow::splitLines(text).size());
-    return ScaleMode::fromDevicePixels(height, printer.resolution(), m_scaleMode, true);
+    return ScaleMode::fromDevicePixels(linesHeight(metrics, text), printer.resolution(), m_scaleMode, true);
 }
 
 void Printer::beginDocument()

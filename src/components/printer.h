@@ -9,6 +9,7 @@
 #include <future>
 #include <memory>
 
+class QFontMetricsF;
 class PageFlow;
 class QPageLayout;
 class QPainter;
@@ -42,6 +43,9 @@ public:
     // the current scale unit, with the current font.
     double TextWidth(const QString& text);
     double TextHeight(const QString& text);
+    // The arithmetic of the two above, in device pixels, for any surface's metrics.
+    static double widestLine(const QFontMetricsF& metrics, const QString& text);
+    static double linesHeight(const QFontMetricsF& metrics, const QString& text);
 
     // Prints each line of the text (CR LF, LF or CR separate lines) in the current font,
     // moving to a new page when a line no longer fits. Throws RuntimeError 482 when
