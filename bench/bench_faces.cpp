@@ -3,12 +3,11 @@
 // decoded) against FreeType (FT_New_Face for each face, FT_Get_Sfnt_Name), in files/s.
 #include "fontfile/truetypefile.h"
 
+#include "support/freetypenames.h"
+
 #include <QStringList>
 #include <benchmark/benchmark.h>
 #include <fontconfig/fontconfig.h>
-#include <ft2build.h>
-#include FT_FREETYPE_H
-#include FT_SFNT_NAMES_H
 
 namespace {
 
@@ -90,14 +89,7 @@ void freeTypeEveryFace(benchmark::State& state)
                     break;
                 count = face->num_faces;
                 ++faces;
-                const FT_UInt records = FT_Get_Sfnt_Name_Count(face);
-                for (FT_UInt i = 0; i < records; ++i) {
-                    FT_SfntName name;
-                    if (FT_Get_Sfnt_Name(face, i, &name) == 0) {
-                        benchmark::DoNotOptimize(name.string);
-                        ++names;
-                    }
-                }
+                names += freeTypeNameRecords(face);
                 FT_Done_Face(face);
             }
         }

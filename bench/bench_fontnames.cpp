@@ -2,12 +2,11 @@
 // TrueType reader against FreeType (FT_New_Face + FT_Get_Sfnt_Name), in files/s.
 #include "fontfile/truetypefile.h"
 
+#include "support/freetypenames.h"
+
 #include <QStringList>
 #include <benchmark/benchmark.h>
 #include <fontconfig/fontconfig.h>
-#include <ft2build.h>
-#include FT_FREETYPE_H
-#include FT_SFNT_NAMES_H
 
 namespace {
 
@@ -89,14 +88,7 @@ void freeType(benchmark::State& state)
             FT_Face face = nullptr;
             if (FT_New_Face(library, path.constData(), 0, &face) != 0)
                 continue;
-            const FT_UInt count = FT_Get_Sfnt_Name_Count(face);
-            for (FT_UInt i = 0; i < count; ++i) {
-                FT_SfntName name;
-                if (FT_Get_Sfnt_Name(face, i, &name) == 0) {
-                    benchmark::DoNotOptimize(name.string);
-                    ++names;
-                }
-            }
+            names += freeTypeNameRecords(face);
             FT_Done_Face(face);
         }
     }

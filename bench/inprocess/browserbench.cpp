@@ -23,6 +23,8 @@
 #include "components/printer.h"
 #include "components/scalemode.h"
 
+#include "support/benchsupport.h"
+
 #include <QElapsedTimer>
 #include <QInputDialog>
 #include <QLabel>
@@ -51,32 +53,6 @@ tglyphora* window()
         return created;
     }();
     return w;
-}
-
-long residentKb()
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line))
-        if (line.rfind("VmRSS:", 0) == 0)
-            return std::stol(line.substr(6));
-    return 0;
-}
-
-double threadCpuMs()
-{
-    timespec ts{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ts);
-    return ts.tv_sec * 1e3 + ts.tv_nsec / 1e6;
-}
-
-double percentile(std::vector<double> values, double p)
-{
-    if (values.empty())
-        return 0;
-    std::sort(values.begin(), values.end());
-    const size_t index = std::min(values.size() - 1, static_cast<size_t>(p * (values.size() - 1) + 0.5));
-    return values[index];
 }
 
 // Runs the event loop for `ms` milliseconds: the window is idle as between two inputs.
@@ -357,9 +333,5 @@ BENCHMARK(BM_StatusFigures)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
-    GlyphoraApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarks<GlyphoraApplication>(argc, argv);
 }

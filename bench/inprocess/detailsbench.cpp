@@ -9,6 +9,8 @@
 #include "fontfile/fontdetails.h"
 #include "fontfile/fontsystem.h"
 
+#include "support/benchsupport.h"
+
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -31,21 +33,6 @@ tglyphora* mainWindow()
         return created;
     }();
     return w;
-}
-
-double percentile(std::vector<double> values, double p)
-{
-    std::sort(values.begin(), values.end());
-    const size_t index = std::min(values.size() - 1, static_cast<size_t>(p * (values.size() - 1) + 0.5));
-    return values[index];
-}
-
-// This thread's processor time: what a step costs, whatever else the machine runs.
-double threadCpuMs()
-{
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return now.tv_sec * 1e3 + now.tv_nsec / 1e6;
 }
 
 // Wall-clock and processor-time percentiles of the steps.
@@ -163,9 +150,5 @@ BENCHMARK(BM_RedrawAfterSlider)->Iterations(500)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
-    GlyphoraApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarks<GlyphoraApplication>(argc, argv);
 }

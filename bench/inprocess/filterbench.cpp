@@ -11,6 +11,8 @@
 #include "browser/fontnamedelegate.h"
 #include "browser/namerenderer.h"
 
+#include "support/benchsupport.h"
+
 #include <QAction>
 #include <QElapsedTimer>
 #include <QKeyEvent>
@@ -50,22 +52,6 @@ long statusKb(const char* field)
         if (line.rfind(field, 0) == 0)
             return std::stol(line.substr(std::strlen(field)));
     return 0;
-}
-
-// CPU time of the calling thread: what the keystroke costs the GUI thread, whatever
-// else the machine is doing.
-double threadCpuMs()
-{
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return now.tv_sec * 1e3 + now.tv_nsec / 1e6;
-}
-
-double percentile(std::vector<double> values, double p)
-{
-    std::sort(values.begin(), values.end());
-    const size_t index = std::min(values.size() - 1, static_cast<size_t>(p * (values.size() - 1) + 0.5));
-    return values[index];
 }
 
 void waitUntil(const std::function<bool()>& done)
@@ -233,9 +219,5 @@ BENCHMARK(BM_ScrollNamesOff)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
-    GlyphoraApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarks<GlyphoraApplication>(argc, argv);
 }

@@ -8,6 +8,8 @@
 #include "fontfile/truetypefile.h"
 #include "support/craftedfonts.h"
 
+#include "support/benchsupport.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -66,9 +68,5 @@ BENCHMARK(BM_HostileFontInPreview)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond
 
 int main(int argc, char** argv)
 {
-    GlyphoraApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarks<GlyphoraApplication>(argc, argv);
 }

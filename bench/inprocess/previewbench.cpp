@@ -6,6 +6,8 @@
 #include "fontfile/ffontpreview.h"
 #include "fontfile/filelists.h"
 
+#include "support/benchsupport.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -78,9 +80,5 @@ BENCHMARK(BM_PreviewUninstalledFile)->Unit(benchmark::kMillisecond)->Iterations(
 
 int main(int argc, char** argv)
 {
-    GlyphoraApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarks<GlyphoraApplication>(argc, argv);
 }

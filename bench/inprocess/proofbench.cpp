@@ -7,6 +7,8 @@
 #include "output/comparisonview.h"
 #include "output/proofpages.h"
 
+#include "support/benchsupport.h"
+
 #include <QApplication>
 #include <QFileInfo>
 #include <QImage>
@@ -72,9 +74,5 @@ BENCHMARK(BM_CompareSizeChange)->Unit(benchmark::kMillisecond)->Iterations(100);
 
 int main(int argc, char** argv)
 {
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarks<QApplication>(argc, argv);
 }

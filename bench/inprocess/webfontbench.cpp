@@ -8,6 +8,8 @@
 #include "fontfile/ffontpreview.h"
 #include "fontfile/filelists.h"
 
+#include "support/benchsupport.h"
+
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -62,9 +64,5 @@ BENCHMARK(BM_PreviewFormat)->ArgName("woff2")->Arg(0)->Arg(1)->Unit(benchmark::k
 
 int main(int argc, char** argv)
 {
-    GlyphoraApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarks<GlyphoraApplication>(argc, argv);
 }

@@ -9,6 +9,8 @@
 #include "samples/unicodenames.h"
 #include "samples/unicodetable.h"
 
+#include "support/benchsupport.h"
+
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QKeyEvent>
@@ -23,15 +25,6 @@ QString family()
 {
     const QString name = qEnvironmentVariable("GLYPHORA_UNICODE_FAMILY");
     return name.isEmpty() ? QStringLiteral("DejaVu Sans") : name;
-}
-
-// CPU time of the calling thread, in milliseconds: on a shared machine the wall clock
-// also counts other programs' turns.
-double threadCpuMs()
-{
-    timespec now{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) / 1e6;
 }
 
 void drawNow(UnicodeTable& window)
@@ -154,9 +147,5 @@ BENCHMARK(BM_ScrollPages)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 int main(int argc, char** argv)
 {
-    GlyphoraApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return runBenchmarks<GlyphoraApplication>(argc, argv);
 }
