@@ -29,6 +29,30 @@
 
 namespace {
 
+struct InkBox {
+    int top = -1;
+    int bottom = -1;
+    int pixels = 0;
+};
+
+// Rows holding ink in an 8-bit alpha mask, and how many pixels are inked.
+InkBox inkBox(const QImage& mask)
+{
+    InkBox box;
+    for (int y = 0; y < mask.height(); ++y) {
+        const uchar* line = mask.constScanLine(y);
+        for (int x = 0; x < mask.width(); ++x) {
+            if (line[x] > 64) {
+                ++box.pixels;
+                if (box.top < 0)
+                    box.top = y;
+                box.bottom = y;
+            }
+        }
+    }
+    return box;
+}
+
 FontListFilter* panel(tglyphora& w) { return w.findChild<FontListFilter*>(QStringLiteral("FontListFilter")); }
 QLineEdit* box(tglyphora& w) { return w.findChild<QLineEdit*>(QStringLiteral("txtFiltre")); }
 QLabel* count(tglyphora& w) { return w.findChild<QLabel*>(QStringLiteral("lblCompte")); }
@@ -375,6 +399,42 @@ private Q_SLOTS:
         const QImage own = NameRenderer::render({QStringLiteral("DejaVu Serif"), true, QString()}, ui, height, 1);
         const QImage inUi = NameRenderer::render({QStringLiteral("DejaVu Serif"), false, QString()}, ui, height, 1);
         QVERIFY(own != inUi);
+    }
+
+    // Names are drawn from the regular face's file (HarfBuzz and FreeType, no Qt font
+    // engine on the worker): the picture matches the one Qt draws from the same family,
+    // on the same baseline, and the interface-font lead of a symbol font is unchanged.
+    void namesDrawnFromTheFileMatchQt()
+    {
+        tglyphora w;
+        w.show();
+        panel(w)->ensureIndex();
+        QVERIFY(TestSupport::waitFor([&] { return panel(w)->index() != nullptr; }));
+        const QFont ui = w.List1->font();
+        const int height = 20;
+        const FamilyIndex::Family* serif = panel(w)->index()->find(QStringLiteral("DejaVu Serif"));
+        QVERIFY(serif && serif->drawsOwnName && !serif->file.isEmpty());
+        const QImage byQt = NameRenderer::render({serif->name, true, QString()}, ui, height, 1);
+        const QImage byFile = NameRenderer::render({serif->name, true, QString(), serif->file, serif->faceIndex}, ui, height, 1);
+        QVERIFY(byFile != byQt); // drawn apart, not through Qt
+        QVERIFY(qAbs(byQt.width() - byFile.width()) <= 3);
+        const InkBox qtInk = inkBox(byQt), fileInk = inkBox(byFile);
+        QVERIFY(fileInk.pixels > 0);
+        QVERIFY2(qAbs(qtInk.top - fileInk.top) <= 1 && qAbs(qtInk.bottom - fileInk.bottom) <= 1,
+                 qPrintable(QStringLiteral("Qt %1-%2, file %3-%4").arg(qtInk.top).arg(qtInk.bottom).arg(fileInk.top).arg(fileInk.bottom)));
+        QVERIFY(qAbs(qtInk.pixels - fileInk.pixels) * 4 <= qtInk.pixels);
+
+        const FamilyIndex::Family* symbol = panel(w)->index()->find(PrivateFonts::symbolFamily());
+        QVERIFY(symbol && !symbol->drawsOwnName && !symbol->file.isEmpty());
+        const QImage nameOnly = NameRenderer::render({symbol->name, false, QString()}, ui, height, 1);
+        const QImage withSample = NameRenderer::render({symbol->name, false, symbol->sample, symbol->file, symbol->faceIndex}, ui, height, 1);
+        QVERIFY(withSample.width() > nameOnly.width());
+        QCOMPARE(withSample.copy(0, 0, nameOnly.width() - 4, height), nameOnly.copy(0, 0, nameOnly.width() - 4, height));
+        QVERIFY(inkBox(withSample.copy(nameOnly.width(), 0, withSample.width() - nameOnly.width(), height)).pixels > 0);
+
+        // A file that cannot be read: the name is still drawn, through Qt.
+        const QImage broken = NameRenderer::render({serif->name, true, QString(), QStringLiteral("/nonexistent/font.ttf"), 0}, ui, height, 1);
+        QCOMPARE(broken, byQt);
     }
 
     void listFollowsInstalls()

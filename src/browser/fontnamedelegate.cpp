@@ -66,7 +66,7 @@ void FontNameDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     m_renderer->setGeometry(opt.font, opt.rect.height(), painter->device()->devicePixelRatioF());
     QImage image;
     if (family)
-        image = m_renderer->image({name, family->drawsOwnName, family->sample});
+        image = m_renderer->image({name, family->drawsOwnName, family->sample, family->file, family->faceIndex});
     if (image.isNull()) {
         ++m_waiting;
         QStyledItemDelegate::paint(painter, option, index);

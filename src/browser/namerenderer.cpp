@@ -2,6 +2,8 @@
 // that Qt's per-thread font cache is trimmed by its timers as it fills).
 #include "browser/namerenderer.h"
 
+#include "fontfile/samplerenderer.h"
+
 #include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QMutex>
@@ -165,18 +167,41 @@ qint64 NameRenderer::cachedBytes() const
 
 QImage NameRenderer::render(const Request& request, const QFont& interfaceFont, int rowHeight, qreal pixelRatio)
 {
-    QFont own(request.family);
-    own.setPointSizeF(interfaceFont.pointSizeF() > 0 ? interfaceFont.pointSizeF() : 9);
-    own.setStyleStrategy(QFont::NoFontMerging);
+    const qreal pointSize = interfaceFont.pointSizeF() > 0 ? interfaceFont.pointSizeF() : 9;
     const QFontMetricsF ui(interfaceFont);
-    const QFontMetricsF ownMetrics(own);
     const QString lead = request.ownName ? QString() : request.family + QLatin1Char(' ');
     const QString tail = request.ownName ? request.family : request.sample;
     const qreal leadWidth = lead.isEmpty() ? 0 : ui.horizontalAdvance(lead);
-    const qreal width = std::min<qreal>(maxWidth, leadWidth + ownMetrics.horizontalAdvance(tail) + 2);
 
-    QImage canvas(qMax(1, qCeil(width * pixelRatio)), qMax(1, qCeil(rowHeight * pixelRatio)),
-                  QImage::Format_ARGB32_Premultiplied);
+    QImage canvas(1, 1, QImage::Format_ARGB32_Premultiplied);
+    canvas.setDevicePixelRatio(pixelRatio);
+    // The own-font part: drawn apart from its file when known, else through Qt.
+    SampleRenderer::Result drawn;
+    if (!request.file.isEmpty() && !tail.isEmpty()) {
+        static thread_local SampleRenderer renderer;
+        SampleRenderer::Request sample;
+        sample.text = tail.left(SampleRenderer::maximumLineLength);
+        sample.file = request.file;
+        sample.faceIndex = request.faceIndex;
+        sample.pixelSize = pointSize * canvas.logicalDpiY() / 72.0 * pixelRatio;
+        sample.foreground = Qt::black;
+        sample.background = Qt::transparent;
+        sample.margin = 0;
+        sample.maximumSize = QSize(qCeil(maxWidth * pixelRatio), qCeil(rowHeight * pixelRatio) * 2);
+        drawn = renderer.render(sample);
+        if (drawn.ok && !drawn.image.isNull())
+            drawn.image.setDevicePixelRatio(pixelRatio);
+        else
+            drawn.ok = false;
+    }
+    QFont own(request.family);
+    own.setPointSizeF(pointSize);
+    own.setStyleStrategy(QFont::NoFontMerging);
+    const qreal tailWidth = drawn.ok ? drawn.width / pixelRatio : QFontMetricsF(own).horizontalAdvance(tail);
+    const qreal width = std::min<qreal>(maxWidth, leadWidth + tailWidth + 2);
+
+    canvas = QImage(qMax(1, qCeil(width * pixelRatio)), qMax(1, qCeil(rowHeight * pixelRatio)),
+                    QImage::Format_ARGB32_Premultiplied);
     canvas.setDevicePixelRatio(pixelRatio);
     canvas.fill(Qt::transparent);
     // Both parts stand on the interface font's baseline, as the plain rows do.
@@ -187,8 +212,12 @@ QImage NameRenderer::render(const Request& request, const QFont& interfaceFont, 
         painter.setFont(interfaceFont);
         painter.drawText(QPointF(0, baseline), lead);
     }
-    painter.setFont(own);
-    painter.drawText(QPointF(leadWidth, baseline), tail);
+    if (drawn.ok) {
+        painter.drawImage(QPointF(leadWidth, baseline - drawn.ascent / pixelRatio), drawn.image);
+    } else {
+        painter.setFont(own);
+        painter.drawText(QPointF(leadWidth, baseline), tail);
+    }
     painter.end();
     return canvas.convertToFormat(QImage::Format_Alpha8);
 }

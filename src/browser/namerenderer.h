@@ -19,10 +19,16 @@ class NameRenderer : public QObject {
 public:
     // What one image shows: the name in its own family, or - for a family that cannot
     // draw its name - the name in the interface font followed by `sample` in its own.
+    // With `file`, the own-font part is shaped by HarfBuzz and drawn from that face's
+    // outlines: no Qt font engine is made, so the worker never holds Qt's font database
+    // lock (which every text drawn in the window needs) for a font lookup, and keeps no
+    // engine cache. Without it the family is looked up through Qt.
     struct Request {
         QString family;
         bool ownName = true;
         QString sample;
+        QString file;
+        int faceIndex = 0;
     };
 
     explicit NameRenderer(QObject* parent = nullptr);
