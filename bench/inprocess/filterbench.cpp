@@ -197,7 +197,7 @@ void BM_RenderName(benchmark::State& state)
         for (int i = 0; i < count; ++i) {
             const FamilyIndex::Family* family = filter->index()->find(w->List1->topLevelItem(i)->text(0));
             const double start = threadCpuMs();
-            const QImage image = NameRenderer::render({family->name, family->drawsOwnName, family->sample},
+            const QImage image = NameRenderer::render({family->name, family->drawsOwnName, family->sample, family->file, family->faceIndex},
                                                       w->List1->font(), 17, 1);
             benchmark::DoNotOptimize(image);
             cpu.push_back(threadCpuMs() - start);
