@@ -23,7 +23,6 @@
 #include <QComboBox>
 #include <QDateTime>
 #include <QHeaderView>
-#include <QStyleOptionHeader>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
@@ -115,36 +114,6 @@ tglyphora::tglyphora(QWidget* parent) : QMainWindow(parent)
 
 tglyphora::~tglyphora() = default;
 
-FontListHeader::FontListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
-{
-    // A fixed minimum keeps the header from measuring the widest glyph of every
-    // fallback font, which costs tens of milliseconds with thousands of fonts.
-    setMinimumSectionSize(24);
-    // Left-aligned like the rows below: a centred title wider than a narrow list would
-    // lose its first letters as well as its last.
-    setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-}
-
-QSize FontListHeader::sectionSizeFromContents(int logicalIndex) const
-{
-    // Sized with the header's own font: the stock sizing measures a bold variant that
-    // is never drawn, which costs a font of its own.
-    QStyleOptionHeader option;
-    initStyleOption(&option);
-    option.section = logicalIndex;
-    option.text = model() ? model()->headerData(logicalIndex, orientation()).toString() : QString();
-    option.fontMetrics = fontMetrics();
-    if (isSortIndicatorShown() && sortIndicatorSection() == logicalIndex)
-        option.sortIndicator = sortIndicatorOrder() == Qt::AscendingOrder ? QStyleOptionHeader::SortDown
-                                                                         : QStyleOptionHeader::SortUp;
-    QSize size = style()->sizeFromContents(QStyle::CT_HeaderSection, &option, QSize(), this);
-    if (isSortIndicatorShown()) {
-        const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, &option, this);
-        size.rwidth() += size.height() + margin;
-    }
-    return size;
-}
-
 void tglyphora::buildMenus()
 {
     auto addItem = [](QMenu* menu, const char* name, const QString& caption) {
@@ -221,21 +190,24 @@ void tglyphora::buildMenus()
         ErrorReport::connect(action, &QAction::triggered, this, style.slot);
     }
 
-    // Tools that go beyond the classic menus, between "&Edition" and "&Aide".
+    // Tools that go beyond the classic menus, between "&Edition" and "&Aide". A new
+    // tool is one line here and one slot.
     moutils = menuBar()->addMenu(QStringLiteral("&Outils"));
     moutils->setObjectName(QStringLiteral("moutils"));
-    auto* municode = addItem(moutils, "municode", QStringLiteral("Table des caractères &Unicode..."));
-    municode->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_U));
-    ErrorReport::connect(municode, &QAction::triggered, this, &tglyphora::municode_Click);
-    auto* mdetails = addItem(moutils, "mdetails", QStringLiteral("&Détails typographiques..."));
-    mdetails->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I));
-    ErrorReport::connect(mdetails, &QAction::triggered, this, &tglyphora::mdetails_Click);
-    auto* mcomparer = addItem(moutils, "mcomparer", QStringLiteral("Co&mparer des polices..."));
-    mcomparer->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
-    ErrorReport::connect(mcomparer, &QAction::triggered, this, &tglyphora::mcomparer_Click);
-    ErrorReport::connect(addItem(moutils, "mlistepdf", QStringLiteral("Enregistrer la liste des polices en &PDF...")), &QAction::triggered, this, &tglyphora::mlistepdf_Click);
-    ErrorReport::connect(addItem(moutils, "maperculiste", QStringLiteral("Aperçu de la liste avant impression")), &QAction::triggered, this, &tglyphora::maperculiste_Click);
-    ErrorReport::connect(addItem(moutils, "minstaller", QStringLiteral("&Installer des polices...")), &QAction::triggered, this, &tglyphora::minstaller_Click);
+    const struct { const char* name; const char* caption; QKeyCombination key; void (tglyphora::*slot)(); } tools[] = {
+        {"municode", "Table des caractères &Unicode...", Qt::CTRL | Qt::Key_U, &tglyphora::municode_Click},
+        {"mdetails", "&Détails typographiques...", Qt::CTRL | Qt::SHIFT | Qt::Key_I, &tglyphora::mdetails_Click},
+        {"mcomparer", "Co&mparer des polices...", Qt::CTRL | Qt::Key_M, &tglyphora::mcomparer_Click},
+        {"mlistepdf", "Enregistrer la liste des polices en &PDF...", QKeyCombination(), &tglyphora::mlistepdf_Click},
+        {"maperculiste", "Aperçu de la liste avant impression", QKeyCombination(), &tglyphora::maperculiste_Click},
+        {"minstaller", "&Installer des polices...", QKeyCombination(), &tglyphora::minstaller_Click},
+    };
+    for (const auto& tool : tools) {
+        auto* action = addItem(moutils, tool.name, QString::fromUtf8(tool.caption));
+        if (tool.key != QKeyCombination())
+            action->setShortcut(QKeySequence(tool.key));
+        ErrorReport::connect(action, &QAction::triggered, this, tool.slot);
+    }
 
     auto* mhelp = menuBar()->addMenu(QStringLiteral("&Aide"));
     mhelp->setObjectName(QStringLiteral("mhelp"));

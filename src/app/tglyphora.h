@@ -3,7 +3,8 @@
 // other window. Handlers are spread over the subsystem folders by what they do.
 #pragma once
 
-#include <QHeaderView>
+#include "browser/fontlistheader.h"
+
 #include <QMainWindow>
 #include <QStringList>
 
@@ -27,16 +28,6 @@ class FontWatch;
 class MeasureWorker;
 class NeighbourPrep;
 struct MeasuredText;
-
-// The font list's header, sized without the bold variant of its font.
-class FontListHeader : public QHeaderView {
-    Q_OBJECT
-public:
-    explicit FontListHeader(QWidget* parent = nullptr);
-
-protected:
-    QSize sectionSizeFromContents(int logicalIndex) const override;
-};
 
 class tglyphora : public QMainWindow {
     Q_OBJECT
