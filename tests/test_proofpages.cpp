@@ -114,6 +114,11 @@ private Q_SLOTS:
         QCOMPARE(breaks, 1);
         QCOMPARE(flow.y(), metrics.lineSpacing());
         QCOMPARE(PageFlow::splitLines(QStringLiteral("a\r\nb\nc\rd")), (QStringList{"a", "b", "c", "d"}));
+        // An empty text is one empty line; a final line end leaves an empty last line;
+        // LF CR is two line ends.
+        QCOMPARE(PageFlow::splitLines(QString()), QStringList{QString()});
+        QCOMPARE(PageFlow::splitLines(QStringLiteral("a\r\n")), (QStringList{"a", ""}));
+        QCOMPARE(PageFlow::splitLines(QStringLiteral("a\n\rb")), (QStringList{"a", "", "b"}));
     }
 
     void rowsShareTheSampleEdgeAndTheLabelBaseline()

@@ -173,8 +173,6 @@ QImage NameRenderer::render(const Request& request, const QFont& interfaceFont, 
     const QString tail = request.ownName ? request.family : request.sample;
     const qreal leadWidth = lead.isEmpty() ? 0 : ui.horizontalAdvance(lead);
 
-    QImage canvas(1, 1, QImage::Format_ARGB32_Premultiplied);
-    canvas.setDevicePixelRatio(pixelRatio);
     // The own-font part: drawn apart from its file when known, else through Qt.
     SampleRenderer::Result drawn;
     if (!request.file.isEmpty() && !tail.isEmpty()) {
@@ -183,7 +181,9 @@ QImage NameRenderer::render(const Request& request, const QFont& interfaceFont, 
         sample.text = tail.left(SampleRenderer::maximumLineLength);
         sample.file = request.file;
         sample.faceIndex = request.faceIndex;
-        sample.pixelSize = pointSize * canvas.logicalDpiY() / 72.0 * pixelRatio;
+        // Points to pixels at the resolution Qt gives images, as the fallback below draws.
+        static const int imageDpi = QImage(1, 1, QImage::Format_Alpha8).logicalDpiY();
+        sample.pixelSize = pointSize * imageDpi / 72.0 * pixelRatio;
         sample.foreground = Qt::black;
         sample.background = Qt::transparent;
         sample.margin = 0;
@@ -200,8 +200,8 @@ QImage NameRenderer::render(const Request& request, const QFont& interfaceFont, 
     const qreal tailWidth = drawn.ok ? drawn.width / pixelRatio : QFontMetricsF(own).horizontalAdvance(tail);
     const qreal width = std::min<qreal>(maxWidth, leadWidth + tailWidth + 2);
 
-    canvas = QImage(qMax(1, qCeil(width * pixelRatio)), qMax(1, qCeil(rowHeight * pixelRatio)),
-                    QImage::Format_ARGB32_Premultiplied);
+    QImage canvas(qMax(1, qCeil(width * pixelRatio)), qMax(1, qCeil(rowHeight * pixelRatio)),
+                  QImage::Format_ARGB32_Premultiplied);
     canvas.setDevicePixelRatio(pixelRatio);
     canvas.fill(Qt::transparent);
     // Both parts stand on the interface font's baseline, as the plain rows do.

@@ -1,6 +1,8 @@
 // PageFlow: the one place that decides where a line or a block goes and when a page ends.
 #include "components/pageflow.h"
 
+#include "components/textlines.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
@@ -14,22 +16,11 @@ QPaintDevice* PageFlow::device() const
     return m_painter.device();
 }
 
-// CR LF, LF and CR each end a line. Written out rather than with a shared regular
-// expression because the measuring thread splits texts too.
 QStringList PageFlow::splitLines(const QString& text)
 {
     QStringList lines;
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        if (c != QLatin1Char('\r') && c != QLatin1Char('\n'))
-            continue;
-        lines.append(text.mid(start, i - start));
-        if (c == QLatin1Char('\r') && i + 1 < text.size() && text[i + 1] == QLatin1Char('\n'))
-            ++i;
-        start = i + 1;
-    }
-    lines.append(text.mid(start));
+    for (QStringView line : TextLines::split(text))
+        lines.append(line.toString());
     return lines;
 }
 

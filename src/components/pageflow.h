@@ -36,6 +36,7 @@ public:
     // line starts one line spacing lower.
     void printLines(const QFont& font, const QString& text);
 
+    // The lines of a text (see TextLines::split), as strings.
     static QStringList splitLines(const QString& text);
 
 private:

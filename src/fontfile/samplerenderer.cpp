@@ -2,6 +2,8 @@
 // glyph at its sub-pixel place; the glyphs are tinted and composed with QPainter.
 #include "fontfile/samplerenderer.h"
 
+#include "components/textlines.h"
+
 #include <QFile>
 #include <QPainter>
 
@@ -17,24 +19,6 @@
 #include <vector>
 
 namespace {
-
-QList<QStringView> splitLines(const QString& text)
-{
-    QList<QStringView> lines;
-    const QStringView all(text);
-    qsizetype start = 0;
-    for (qsizetype i = 0; i < all.size(); ++i) {
-        const QChar c = all[i];
-        if (c != QLatin1Char('\n') && c != QLatin1Char('\r'))
-            continue;
-        lines.append(all.mid(start, i - start));
-        if (c == QLatin1Char('\r') && i + 1 < all.size() && all[i + 1] == QLatin1Char('\n'))
-            ++i;
-        start = i + 1;
-    }
-    lines.append(all.mid(start));
-    return lines;
-}
 
 // A FreeType bitmap as premultiplied ARGB: coverage tints the colour, colour glyphs
 // (BGRA, already premultiplied) are copied.
@@ -267,7 +251,7 @@ void SampleRenderer::shapeLines(const Request& request, Result& result)
         if (feature.tag.size() == 4)
             features.push_back({hb_tag_from_string(feature.tag.constData(), 4), feature.value,
                                 HB_FEATURE_GLOBAL_START, HB_FEATURE_GLOBAL_END});
-    const QList<QStringView> lines = splitLines(request.text);
+    const QList<QStringView> lines = TextLines::split(request.text);
     const int maxHeight = std::max(1, request.maximumSize.height());
     for (int n = 0; n < lines.size(); ++n) {
         const double baseline = request.margin + result.ascent + n * result.lineHeight;
