@@ -5,6 +5,7 @@
 #include "components/printer.h"
 #include "output/ptest.h"
 #include "support/modalscript.h"
+#include "support/pdfcheck.h"
 #include "support/testsupport.h"
 
 #include <QAction>
@@ -33,59 +34,6 @@
 
 namespace {
 
-QString runTool(const QString& program, const QStringList& args)
-{
-    QProcess tool;
-    tool.start(program, args);
-    tool.waitForFinished(60000);
-    return QString::fromUtf8(tool.readAllStandardOutput());
-}
-
-QString postScriptName(const QString& family)
-{
-    return runTool(QStringLiteral("fc-match"), {QStringLiteral("-f"), QStringLiteral("%{postscriptname}"), family}).trimmed();
-}
-
-// Whether a font name found in the PDF is the font: its PostScript name, or that name
-// without the style suffix (the PDF writer names a regular face by its family).
-bool sameFont(const QString& inPdf, const QString& postScript)
-{
-    return !inPdf.isEmpty() && (inPdf == postScript || postScript.startsWith(inPdf + QLatin1Char('-')));
-}
-
-// The PDF's text lines, top to bottom and page after page, each with the PostScript
-// name of its font (subset prefix removed).
-struct PdfLine {
-    QString text;
-    QString font;
-};
-
-QList<PdfLine> pdfLines(const QString& pdf)
-{
-    const QString xml = runTool(QStringLiteral("pdftohtml"),
-                                {QStringLiteral("-xml"), QStringLiteral("-i"), QStringLiteral("-stdout"), QStringLiteral("-q"), pdf});
-    QMap<QString, QString> fonts;
-    static const QRegularExpression spec(QStringLiteral("<fontspec id=\"(\\d+)\"[^>]*family=\"([^\"]*)\""));
-    for (auto it = spec.globalMatch(xml); it.hasNext();) {
-        const auto m = it.next();
-        QString family = m.captured(2);
-        family.remove(QRegularExpression(QStringLiteral("^[A-Z]{6}\\+")));
-        fonts.insert(m.captured(1), family);
-    }
-    QList<PdfLine> lines;
-    static const QRegularExpression text(QStringLiteral("<text [^>]*font=\"(\\d+)\"[^>]*>(.*)</text>"));
-    for (auto it = text.globalMatch(xml); it.hasNext();) {
-        const auto m = it.next();
-        QString content = m.captured(2);
-        content.remove(QRegularExpression(QStringLiteral("<[^>]*>")));
-        content.replace(QStringLiteral("&amp;"), QStringLiteral("&")).replace(QStringLiteral("&#34;"), QStringLiteral("\""));
-        content.replace(QStringLiteral("&#39;"), QStringLiteral("'"));
-        if (!content.trimmed().isEmpty())
-            lines.append({content.trimmed(), fonts.value(m.captured(1))});
-    }
-    return lines;
-}
-
 // PDFs of this process (named after its own document name) that the queue wrote since
 // `since` and whose text holds `marker`.
 QStringList pdfsContaining(const QDateTime& since, const QString& marker, const QString& documentName)
@@ -101,6 +49,7 @@ QStringList pdfsContaining(const QDateTime& since, const QString& marker, const 
     return found;
 }
 
+// Hex digits keep the marker narrow: a 120-point sample line holding it must fit the page.
 QString uniqueMarker()
 {
     return QStringLiteral("Marque") + QUuid::createUuid().toString(QUuid::Id128).left(8).toUpper();
@@ -237,21 +186,21 @@ private Q_SLOTS:
         QVERIFY(!TestSupport::waitForPdf(since).isEmpty());
         const QStringList pdfs = pdfsContaining(since, marker, m_documentName);
         QCOMPARE(pdfs.size(), 1);
-        const QList<PdfLine> lines = pdfLines(pdfs.first());
+        const QList<PdfCheck::Line> lines = PdfCheck::lines(pdfs.first());
         QStringList dump;
-        for (const PdfLine& line : lines)
+        for (const PdfCheck::Line& line : lines)
             dump.append(line.text + QStringLiteral(" [") + line.font + QLatin1Char(']'));
-        const QString nameFontPs = postScriptName(m_nameFont);
+        const QString nameFontPs = PdfCheck::postScriptName(m_nameFont);
         QCOMPARE(lines.size(), 3 * order.size());
         for (int k = 0; k < order.size(); ++k) {
-            const QString fontPs = postScriptName(order[k]);
-            const PdfLine& name = lines[3 * k];
-            const PdfLine& first = lines[3 * k + 1];
-            const PdfLine& second = lines[3 * k + 2];
-            QVERIFY2(name.text == order[k] && sameFont(name.font, nameFontPs), qPrintable(dump.join('\n')));
-            QVERIFY2(first.text == QStringLiteral("Texte d'essai ") + marker && sameFont(first.font, fontPs),
+            const QString fontPs = PdfCheck::postScriptName(order[k]);
+            const PdfCheck::Line& name = lines[3 * k];
+            const PdfCheck::Line& first = lines[3 * k + 1];
+            const PdfCheck::Line& second = lines[3 * k + 2];
+            QVERIFY2(name.text == order[k] && PdfCheck::sameFont(name.font, nameFontPs), qPrintable(dump.join('\n')));
+            QVERIFY2(first.text == QStringLiteral("Texte d'essai ") + marker && PdfCheck::sameFont(first.font, fontPs),
                      qPrintable(dump.join('\n')));
-            QVERIFY2(second.text == QStringLiteral("Seconde ligne") && sameFont(second.font, fontPs), qPrintable(dump.join('\n')));
+            QVERIFY2(second.text == QStringLiteral("Seconde ligne") && PdfCheck::sameFont(second.font, fontPs), qPrintable(dump.join('\n')));
         }
         // pdffonts agrees: the name font and the three fonts, embedded.
         const QString fontTable = TestSupport::pdfFonts(pdfs.first());
@@ -262,8 +211,8 @@ private Q_SLOTS:
         QCOMPARE(embedded.size(), 4);
         const QStringList printedFonts = QStringList(order) << m_nameFont;
         for (const QString& font : printedFonts) {
-            const QString ps = postScriptName(font);
-            QVERIFY2(std::any_of(embedded.begin(), embedded.end(), [&](const QString& e) { return sameFont(e, ps); }),
+            const QString ps = PdfCheck::postScriptName(font);
+            QVERIFY2(std::any_of(embedded.begin(), embedded.end(), [&](const QString& e) { return PdfCheck::sameFont(e, ps); }),
                      qPrintable(fontTable));
         }
     }
@@ -336,12 +285,11 @@ private Q_SLOTS:
         QVERIFY(!TestSupport::waitForPdf(since).isEmpty());
         const QStringList pdfs = pdfsContaining(since, marker, m_documentName);
         QCOMPARE(pdfs.size(), 1);
-        const QString info = runTool(QStringLiteral("pdfinfo"), {pdfs.first()});
-        const int pages = QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(info).captured(1).toInt();
-        QVERIFY2(pages >= 3, qPrintable(info));
+        const int pages = PdfCheck::pageCount(pdfs.first());
+        QVERIFY2(pages >= 3, qPrintable(QStringLiteral("%1 pages").arg(pages)));
         // Every line is printed whole, in order, none lost at a page break.
         QStringList printed;
-        for (const PdfLine& line : pdfLines(pdfs.first()))
+        for (const PdfCheck::Line& line : PdfCheck::lines(pdfs.first()))
             if (line.text.contains(marker))
                 printed.append(line.text);
         QCOMPARE(printed, sampleLines);
